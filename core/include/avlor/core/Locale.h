@@ -1,0 +1,30 @@
+#pragma once
+// Locale: the separators and the short date form with which numbers and
+// dates are shown to a user. Taken from the user's environment by default;
+// tests and hosts pass one explicitly.
+#include <string>
+
+namespace avlor {
+
+struct Locale {
+    std::string groupSeparator = ",";
+    std::string decimalSeparator = ".";
+    // Short date pattern with d, dd, m, mm, yyyy fields, for example
+    // "dd/mm/yyyy" (Italian) or "m/d/yyyy" (United States).
+    std::string shortDatePattern = "dd/mm/yyyy";
+
+    // "1.234,50" and "02/06/2004".
+    [[nodiscard]] static Locale italian();
+    // "1,234.50" and "6/2/2004".
+    [[nodiscard]] static Locale unitedStates();
+    // Neutral: "," and "." with day-first dates.
+    [[nodiscard]] static Locale neutral();
+    // From LC_ALL, LC_NUMERIC/LC_TIME or LANG: an "it" language gives the
+    // Italian conventions, "en_US" the United States ones, any other the
+    // neutral form.
+    [[nodiscard]] static Locale fromEnvironment();
+    // The user's locale, read from the environment at each call.
+    [[nodiscard]] static Locale user() { return fromEnvironment(); }
+};
+
+} // namespace avlor

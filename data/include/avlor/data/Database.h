@@ -1,0 +1,34 @@
+#pragma once
+// Which practice database the component works on, and how a new one is made.
+//
+// The location is, in this order: the one the host (or the avlor command's
+// --db) set with setCurrentDatabase; the environment variable AVLOR_DB; the
+// per-user file $XDG_DATA_HOME/avlor/avlor.db (~/.local/share/avlor/avlor.db
+// when XDG_DATA_HOME is unset). A location is a file path, a "file:" SQLite
+// URI, or a "postgresql://" URI for a shared server.
+#include <memory>
+#include <string>
+
+namespace avlor {
+
+class Connection;
+
+// Sets the database of this process; an empty text returns to the default.
+void setCurrentDatabase(const std::string& location);
+// The location in force, resolved as above.
+[[nodiscard]] std::string currentDatabase();
+// The per-user default location.
+[[nodiscard]] std::string defaultDatabaseLocation();
+
+// The pooled connection to `location` (one per location per process),
+// opened on first use. Raises DataError when the database cannot be opened.
+[[nodiscard]] std::shared_ptr<Connection> connectionFor(const std::string& location);
+// Drops pooled connections (all, or the one of `location`).
+void closeConnections();
+
+// Creates a new practice database at `location` with the whole schema and
+// its version row. Refuses (DataError) to touch a database that already
+// exists or already holds tables.
+void createPracticeDatabase(const std::string& location);
+
+} // namespace avlor

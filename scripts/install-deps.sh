@@ -1,0 +1,37 @@
+#!/usr/bin/env bash
+# Installs, from Debian's packages, whatever the build and the tests need and
+# the machine does not have yet. Safe to run again: it installs only what is
+# missing. Run as root, or as a user who may use sudo.
+set -euo pipefail
+
+packages=(
+  g++ cmake ninja-build pkg-config git
+  libsqlite3-dev sqlite3
+  libpq-dev
+  libinih-dev
+  libcli11-dev
+  nlohmann-json3-dev
+  libgtest-dev libgmock-dev
+  libbenchmark-dev
+)
+if [[ "${AVLOR_WITH_POSTGRES_TESTS:-}" == 1 ]]; then
+  packages+=(postgresql)
+fi
+
+missing=()
+for p in "${packages[@]}"; do
+  if ! dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed"; then
+    missing+=("$p")
+  fi
+done
+
+if ((${#missing[@]} == 0)); then
+  exit 0
+fi
+
+echo "Installing missing packages: ${missing[*]}"
+sudo=""
+if [[ $(id -u) -ne 0 ]]; then sudo="sudo"; fi
+export DEBIAN_FRONTEND=noninteractive
+$sudo apt-get update -qq
+$sudo apt-get install -y -qq --no-install-recommends "${missing[@]}"
