@@ -1,0 +1,18 @@
+#include "avlor/data/queries/clsDataBase.h"
+
+#include <cstdint>
+
+#include "avlor/data/clsAccessoDati.h"
+#include "avlor/data/queries/ErrorTrap.h"
+
+namespace avlor {
+
+Value clsDataBase::VersioneMdb() const {
+    return withFallback(Value(std::int32_t{-1}), [] {
+        clsAccessoDati dati;
+        dati.Apri("Versioni", adOpenForwardOnly, adLockReadOnly, adCmdUnspecified);
+        return dati.Campo("Versione", TipoNumero);
+    });
+}
+
+} // namespace avlor
