@@ -1,0 +1,243 @@
+#include "avlor/data/tariffe/TariffFile.h"
+
+#include <limits>
+#include <map>
+#include <optional>
+
+#include "avlor/core/Error.h"
+#include "avlor/data/tariffe/AmountText.h"
+#include "avlor/data/tariffe/Csv.h"
+#include "avlor/data/tariffe/FeeTables.h"
+#include "avlor/data/tariffe/TariffFileError.h"
+#include "tariffe/TariffText.h"
+
+namespace avlor {
+
+namespace {
+
+using tariffe_detail::allDigits;
+using tariffe_detail::equalsIgnoringCase;
+using tariffe_detail::isValidUtf8;
+using tariffe_detail::trimBlanks;
+
+std::string listOf(const std::vector<std::string>& names)
+{
+    std::string text;
+    for (const std::string& name : names)
+        text += (text.empty() ? "" : ", ") + name;
+    return text;
+}
+
+// Reads records and turns a malformed one into a TariffFileError naming the
+// header's column at the fault (once the header is known).
+class RecordSource {
+public:
+    explicit RecordSource(std::string_view text) : reader_(text, detectCsvSeparator(text)) {}
+
+    void setColumns(const std::vector<std::string>* columns) { columns_ = columns; }
+
+    // The next record that is not a blank line.
+    std::optional<CsvRecord> next()
+    {
+        try {
+            while (auto record = reader_.next()) {
+                if (!record->isBlank())
+                    return record;
+            }
+            return std::nullopt;
+        } catch (const CsvError& e) {
+            std::string column;
+            if (columns_ && e.fieldIndex() < columns_->size())
+                column = (*columns_)[e.fieldIndex()];
+            throw TariffFileError(e.line(), column, e.what());
+        }
+    }
+
+private:
+    CsvReader reader_;
+    const std::vector<std::string>* columns_ = nullptr;
+};
+
+struct Header {
+    std::size_t line = 0;
+    std::vector<std::string> columns; // spelled as the table
+    std::vector<FeeColumnRole> roles;
+};
+
+Header readHeader(RecordSource& source, std::string_view table, const std::vector<std::string>& tableColumns)
+{
+    const auto record = source.next();
+    if (!record)
+        throw TariffFileError(1, "", "the file is empty: its first line must name the columns of " + std::string(table) +
+                                         " (" + listOf(tableColumns) + ")");
+    Header header;
+    header.line = record->line;
+    for (std::size_t i = 0; i < record->fields.size(); ++i) {
+        const std::string_view name = trimBlanks(record->fields[i].text);
+        if (name.empty())
+            throw TariffFileError(header.line, "", "column " + std::to_string(i + 1) + " of the header has no name");
+        std::optional<std::string> known;
+        for (const std::string& column : tableColumns) {
+            if (equalsIgnoringCase(column, name))
+                known = column;
+        }
+        if (!known)
+            throw TariffFileError(header.line, std::string(name),
+                                  "is not a column of " + std::string(table) + " (its columns are " +
+                                      listOf(tableColumns) + ")");
+        for (const std::string& earlier : header.columns) {
+            if (earlier == *known)
+                throw TariffFileError(header.line, *known, "is named twice in the header");
+        }
+        header.columns.push_back(*known);
+        header.roles.push_back(feeColumnRole(*known));
+    }
+    for (const FeeColumnRole required : {FeeColumnRole::Key, FeeColumnRole::Code}) {
+        bool present = false;
+        for (const FeeColumnRole role : header.roles)
+            present = present || role == required;
+        if (!present) {
+            const std::string name(required == FeeColumnRole::Key ? FeeKeyColumn : FeeCodeColumn);
+            throw TariffFileError(header.line, name, "is missing: the header must name the column " + name);
+        }
+    }
+    return header;
+}
+
+std::int32_t readItemId(const std::string& cell, std::size_t line, const std::string& column)
+{
+    const std::string_view text = trimBlanks(cell);
+    constexpr auto maxId = std::numeric_limits<std::int32_t>::max();
+    if (allDigits(text) && text.size() <= 10) {
+        const long long id = std::stoll(std::string(text));
+        if (id >= 1 && id <= maxId)
+            return static_cast<std::int32_t>(id);
+    }
+    throw TariffFileError(line, column,
+                          "\"" + cell + "\" is not an item id (a whole number from 1 to " + std::to_string(maxId) + ")");
+}
+
+// An amount cell that only the notation of the whole file can read.
+struct PendingAmount {
+    std::size_t row;
+    std::size_t column;
+    AmountText cell;
+    std::string text;
+};
+
+// Follows the notation that the file's amounts show, so that a file mixing
+// the two is refused and an ambiguous cell can be read once the file is read.
+class NotationTracker {
+public:
+    void note(const AmountText& cell, std::size_t line, const std::string& column, const std::string& text)
+    {
+        const DecimalStyle shown = styleShownBy(cell);
+        if (shown == DecimalStyle::Unknown)
+            return;
+        if (style_ == DecimalStyle::Unknown) {
+            style_ = shown;
+            where_ = "line " + std::to_string(line) + " (column " + column + ", \"" + text + "\")";
+            return;
+        }
+        if (shown != style_)
+            throw TariffFileError(line, column,
+                                  "\"" + text + "\" is written " + describe(shown) + ", but " + where_ + " is written " +
+                                      describe(style_) + ": keep one notation in the whole file");
+    }
+
+    [[nodiscard]] DecimalStyle style() const noexcept { return style_; }
+
+private:
+    static std::string describe(DecimalStyle style)
+    {
+        return style == DecimalStyle::Italian ? "in Italian notation (1.234,56)" : "with a decimal point (1234.56)";
+    }
+
+    DecimalStyle style_ = DecimalStyle::Unknown;
+    std::string where_;
+};
+
+} // namespace
+
+TariffFile readTariffFile(std::string_view table, std::string_view text, const std::vector<std::string>& tableColumns)
+{
+    RecordSource source(text);
+    const Header header = readHeader(source, table, tableColumns);
+    source.setColumns(&header.columns);
+
+    TariffFile file;
+    file.table = std::string(table);
+    file.columns = header.columns;
+    std::map<std::int32_t, std::size_t> lineOfId;
+    std::vector<PendingAmount> pending;
+    NotationTracker notation;
+
+    while (auto record = source.next()) {
+        const std::size_t line = record->line;
+        if (record->fields.size() != header.columns.size())
+            throw TariffFileError(line, "",
+                                  "has " + std::to_string(record->fields.size()) + " fields where the header names " +
+                                      std::to_string(header.columns.size()) +
+                                      " columns (a text holding a comma must be written between quotes)");
+        TariffFileRow row;
+        row.line = line;
+        for (std::size_t i = 0; i < header.columns.size(); ++i) {
+            const CsvField& field = record->fields[i];
+            const std::string& column = header.columns[i];
+            switch (header.roles[i]) {
+            case FeeColumnRole::Key: {
+                row.id = readItemId(field.text, line, column);
+                const auto [earlier, added] = lineOfId.emplace(row.id, line);
+                if (!added)
+                    throw TariffFileError(line, column,
+                                          "item " + std::to_string(row.id) + " already appears on line " +
+                                              std::to_string(earlier->second));
+                row.values.push_back(Value::longValue(row.id));
+                break;
+            }
+            case FeeColumnRole::Code:
+            case FeeColumnRole::Text: {
+                if (!isValidUtf8(field.text))
+                    throw TariffFileError(line, column, "is not UTF-8 text (save the file as UTF-8)");
+                if (header.roles[i] == FeeColumnRole::Code && trimBlanks(field.text).empty())
+                    throw TariffFileError(line, column, "is empty: every item needs its code as the table prints it");
+                row.values.push_back(field.text.empty() && !field.quoted ? Value::null() : Value::text(field.text));
+                break;
+            }
+            case FeeColumnRole::Amount: {
+                if (trimBlanks(field.text).empty()) {
+                    row.values.push_back(Value::currency(Currency()));
+                    break;
+                }
+                AmountText cell;
+                try {
+                    cell = readAmountText(field.text);
+                } catch (const ValueError& e) {
+                    throw TariffFileError(line, column, e.what());
+                }
+                notation.note(cell, line, column, std::string(trimBlanks(field.text)));
+                if (cell.form == AmountText::Form::Ambiguous)
+                    pending.push_back({file.rows.size(), i, cell, field.text});
+                row.values.push_back(Value::currency(cell.amount));
+                break;
+            }
+            }
+        }
+        file.rows.push_back(std::move(row));
+    }
+
+    if (file.rows.empty())
+        throw TariffFileError(header.line + 1, "", "the file has no items after its header");
+
+    for (const PendingAmount& amount : pending) {
+        TariffFileRow& row = file.rows[amount.row];
+        try {
+            row.values[amount.column] = Value::currency(amountInStyle(amount.cell, amount.text, notation.style()));
+        } catch (const ValueError& e) {
+            throw TariffFileError(row.line, file.columns[amount.column], e.what());
+        }
+    }
+    return file;
+}
+
+} // namespace avlor
