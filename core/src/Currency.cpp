@@ -154,9 +154,13 @@ std::string Currency::toFixed4() const
 {
     const std::uint64_t units = magnitude(raw_) / static_cast<std::uint64_t>(Scale);
     const std::uint64_t fraction = magnitude(raw_) % static_cast<std::uint64_t>(Scale);
-    std::string decimals = std::to_string(fraction);
-    decimals.insert(0, 4 - decimals.size(), '0');
-    return (raw_ < 0 ? "-" : "") + std::to_string(units) + "." + decimals;
+    const std::string decimals = std::to_string(fraction);
+    std::string text = raw_ < 0 ? "-" : "";
+    text += std::to_string(units);
+    text += '.';
+    text.append(4 - decimals.size(), '0');
+    text += decimals;
+    return text;
 }
 
 Currency Currency::operator+(Currency other) const

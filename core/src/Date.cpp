@@ -98,7 +98,13 @@ std::optional<Date> validDate(std::optional<int> year, std::optional<int> month,
     return dateOf(*year, *month, *day);
 }
 
-std::string twoDigits(int n) { return (n < 10 ? "0" : "") + std::to_string(n); }
+std::string twoDigits(int n)
+{
+    std::string text = std::to_string(n);
+    if (text.size() < 2)
+        text.insert(text.begin(), '0');
+    return text;
+}
 
 std::string fourDigits(int n)
 {
