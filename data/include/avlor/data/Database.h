@@ -15,6 +15,8 @@ class Connection;
 
 // Sets the database of this process; an empty text returns to the default.
 void setCurrentDatabase(const std::string& location);
+// The location given to setCurrentDatabase; empty when none is in force.
+[[nodiscard]] std::string databaseSetByHost();
 // The location in force, resolved as above.
 [[nodiscard]] std::string currentDatabase();
 // The per-user default location.
@@ -23,12 +25,17 @@ void setCurrentDatabase(const std::string& location);
 // The pooled connection to `location` (one per location per process),
 // opened on first use. Raises DataError when the database cannot be opened.
 [[nodiscard]] std::shared_ptr<Connection> connectionFor(const std::string& location);
-// Drops pooled connections (all, or the one of `location`).
+// Drops pooled connections (all, or the one of `location`). Record sets and
+// record-access objects still holding a connection keep it until released.
 void closeConnections();
+void closeConnections(const std::string& location);
 
 // Creates a new practice database at `location` with the whole schema and
 // its version row. Refuses (DataError) to touch a database that already
-// exists or already holds tables.
+// exists or already holds tables: for a file, any existing file, even an
+// empty one, is refused. The folder of the file is made when missing. The
+// new database has one ConfigGenerale row (ValutaDefault "EURO",
+// CambioLiraEuro 1936.27) and Versioni 1; its connection joins the pool.
 void createPracticeDatabase(const std::string& location);
 
 } // namespace avlor

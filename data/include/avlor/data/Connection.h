@@ -1,0 +1,56 @@
+#pragma once
+// Connection: one open practice database, as the record-access classes see
+// it whatever the backend (SQLite now, PostgreSQL for a shared server). Each
+// backend implements it in its own sources; driver headers stay there.
+//
+// Promises of every backend:
+//   - statements run exactly as the application wrote them, through the
+//     backend's Dialect, one statement at a time;
+//   - every change a record set writes (Update, Delete) is committed when the
+//     call returns: there is no transaction spanning several calls, so rows
+//     written before a later failure stay written, and a crash never leaves
+//     a half-written row;
+//   - a failure raises DataError with the database's own message and the
+//     statement.
+// A connection is used from one thread at a time: the component runs on the
+// host's user-interface thread. Connections are pooled (Database.h), so
+// opening one per routine costs nothing.
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "avlor/core/Value.h"
+#include "avlor/data/RecordSet.h"
+
+namespace avlor {
+
+class Dialect;
+
+class Connection {
+public:
+    virtual ~Connection() = default;
+
+    [[nodiscard]] virtual const std::string& location() const = 0;
+    [[nodiscard]] virtual const Dialect& dialect() const = 0;
+
+    // Opens a full SELECT statement or a bare table name. Read-only record
+    // sets refuse writes; editable ones write back when the statement's
+    // columns all come from one table (see RecordSet.h). All rows are
+    // fetched at once, except that a whole table opened editable is read
+    // only when its rows are first needed (opening "Azioni" to add a row
+    // does not read the table).
+    [[nodiscard]] virtual std::shared_ptr<RecordSet> open(const std::string& source, bool editable) = 0;
+
+    // The first column of the first row of the statement, as stored; an
+    // empty value when the statement yields no row.
+    [[nodiscard]] virtual Value singleValue(const std::string& statement) = 0;
+
+    // Runs a script of statements separated by ';' (fixtures, tools), each
+    // through the dialect, all of them as one unit: on a failure none stays.
+    virtual void executeScript(const std::string& script) = 0;
+
+    // The names of the database's tables, in alphabetical order.
+    [[nodiscard]] virtual std::vector<std::string> tableNames() = 0;
+};
+
+} // namespace avlor

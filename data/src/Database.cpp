@@ -1,0 +1,133 @@
+#include "avlor/data/Database.h"
+
+#include <cstdlib>
+#include <map>
+#include <mutex>
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include "avlor/data/Connection.h"
+#include "avlor/data/DataError.h"
+#include "sqlite/SqliteConnection.h"
+#include "sqlite/SqliteDatabase.h"
+
+namespace avlor {
+
+namespace {
+
+struct Registry {
+    std::mutex mutex;
+    std::string setByHost;
+    std::map<std::string, std::shared_ptr<Connection>> pool;
+};
+
+Registry& registry() {
+    static Registry instance;
+    return instance;
+}
+
+std::string environment(const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr ? std::string(value) : std::string();
+}
+
+bool isServerLocation(const std::string& location) {
+    return location.rfind("postgresql://", 0) == 0 || location.rfind("postgres://", 0) == 0;
+}
+
+void requireLocation(const std::string& location) {
+    if (location.empty()) {
+        throw DataError("No database location given");
+    }
+    if (isServerLocation(location)) {
+        // The PostgreSQL backend plugs in here, beside SQLite.
+        throw DataError("PostgreSQL databases are not available in this build", location);
+    }
+}
+
+std::string homeFolder() {
+    std::string home = environment("HOME");
+    if (home.empty()) {
+        if (const passwd* entry = getpwuid(getuid()); entry != nullptr && entry->pw_dir != nullptr) {
+            home = entry->pw_dir;
+        }
+    }
+    return home;
+}
+
+} // namespace
+
+void setCurrentDatabase(const std::string& location) {
+    Registry& r = registry();
+    const std::lock_guard lock(r.mutex);
+    r.setByHost = location;
+}
+
+std::string databaseSetByHost() {
+    Registry& r = registry();
+    const std::lock_guard lock(r.mutex);
+    return r.setByHost;
+}
+
+std::string defaultDatabaseLocation() {
+    // The XDG base-directory rules ignore a relative XDG_DATA_HOME.
+    std::string data = environment("XDG_DATA_HOME");
+    if (data.empty() || data.front() != '/') {
+        data = homeFolder() + "/.local/share";
+    }
+    return data + "/avlor/avlor.db";
+}
+
+std::string currentDatabase() {
+    if (std::string location = databaseSetByHost(); !location.empty()) {
+        return location;
+    }
+    if (std::string location = environment("AVLOR_DB"); !location.empty()) {
+        return location;
+    }
+    return defaultDatabaseLocation();
+}
+
+std::shared_ptr<Connection> connectionFor(const std::string& location) {
+    Registry& r = registry();
+    const std::lock_guard lock(r.mutex);
+    if (const auto found = r.pool.find(location); found != r.pool.end()) {
+        return found->second;
+    }
+    requireLocation(location);
+    std::shared_ptr<Connection> connection = SqliteConnection::connect(location);
+    r.pool.emplace(location, connection);
+    return connection;
+}
+
+void closeConnections() {
+    std::map<std::string, std::shared_ptr<Connection>> closing;
+    Registry& r = registry();
+    {
+        const std::lock_guard lock(r.mutex);
+        closing.swap(r.pool);
+    }
+}
+
+void closeConnections(const std::string& location) {
+    std::shared_ptr<Connection> closing;
+    Registry& r = registry();
+    const std::lock_guard lock(r.mutex);
+    if (const auto found = r.pool.find(location); found != r.pool.end()) {
+        closing = std::move(found->second);
+        r.pool.erase(found);
+    }
+}
+
+void createPracticeDatabase(const std::string& location) {
+    requireLocation(location);
+    Registry& r = registry();
+    const std::lock_guard lock(r.mutex);
+    if (r.pool.count(location) != 0) {
+        throw DataError("A database already exists at this location; it is left untouched", location);
+    }
+    r.pool.emplace(location, createSqlitePracticeDatabase(location));
+}
+
+} // namespace avlor

@@ -1,0 +1,138 @@
+#include "sqlite/SqliteConnection.h"
+
+#include "BufferedRecordSet.h"
+#include "SchemaScripts.h"
+#include "avlor/data/DataError.h"
+#include "avlor/data/SqliteDialect.h"
+#include "sqlite/SqliteRowSource.h"
+#include "sqlite/SqliteValues.h"
+
+namespace avlor {
+
+std::shared_ptr<SqliteConnection> SqliteConnection::connect(const std::string& location) {
+    sqlite3* raw = nullptr;
+    // Never SQLITE_OPEN_CREATE: a mistyped location must fail, not leave an
+    // empty database behind. New databases are made by
+    // createPracticeDatabase.
+    const int rc = sqlite3_open_v2(location.c_str(), &raw,
+                                   SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI | SQLITE_OPEN_EXRESCODE, nullptr);
+    std::unique_ptr<sqlite3, Closer> db(raw);
+    if (rc != SQLITE_OK) {
+        raiseSqliteError(db.get(), rc, location);
+    }
+    std::shared_ptr<SqliteConnection> connection(new SqliteConnection(location, std::move(db)));
+    sqlite3_busy_timeout(connection->handle(), BusyTimeoutMs);
+    connection->execute("PRAGMA journal_mode = WAL");
+    connection->execute("PRAGMA synchronous = FULL");
+    return connection;
+}
+
+SqliteConnection::SqliteConnection(std::string location, std::unique_ptr<sqlite3, Closer> db)
+    : location_(std::move(location)), db_(std::move(db)) {}
+
+SqliteConnection::~SqliteConnection() { statements_.clear(); }
+
+const Dialect& SqliteConnection::dialect() const { return SqliteDialect::instance(); }
+
+SqliteStatementCache::Lease SqliteConnection::prepare(const std::string& sql) {
+    return statements_.acquire(db_.get(), sql);
+}
+
+bool SqliteConnection::step(sqlite3_stmt* statement, const std::string& sql) {
+    const int rc = sqlite3_step(statement);
+    if (rc == SQLITE_ROW) {
+        return true;
+    }
+    if (rc == SQLITE_DONE) {
+        return false;
+    }
+    raiseSqliteError(db_.get(), rc, sql);
+}
+
+void SqliteConnection::execute(const std::string& sql, const std::string& reportAs) {
+    char* message = nullptr;
+    const int rc = sqlite3_exec(db_.get(), sql.c_str(), nullptr, nullptr, &message);
+    if (rc != SQLITE_OK) {
+        const std::string text = message != nullptr ? message : sqlite3_errstr(rc);
+        sqlite3_free(message);
+        throw DataError(text, reportAs.empty() ? sql : reportAs, std::to_string(rc));
+    }
+}
+
+std::shared_ptr<RecordSet> SqliteConnection::open(const std::string& source, bool editable) {
+    const bool wholeTable = Dialect::isBareTableName(source);
+    auto rows = std::make_unique<SqliteRowSource>(shared_from_this(), dialect().translate(source), editable);
+    // A whole table opened to add rows is read only if its rows are needed.
+    const auto fetch = editable && wholeTable ? BufferedRecordSet::Fetch::WhenNeeded : BufferedRecordSet::Fetch::Now;
+    return std::make_shared<BufferedRecordSet>(
+        std::move(rows), editable ? BufferedRecordSet::Mode::Editable : BufferedRecordSet::Mode::ReadOnly, fetch);
+}
+
+Value SqliteConnection::singleValue(const std::string& statement) {
+    const std::string sql = dialect().translate(statement);
+    const SqliteStatementCache::Lease lease = prepare(sql);
+    if (sqlite3_column_count(lease.get()) == 0 || sqlite3_stmt_readonly(lease.get()) == 0) {
+        throw DataError("Not a query: only a SELECT statement gives a value", sql);
+    }
+    if (!step(lease.get(), sql)) {
+        return Value();
+    }
+    const char* name = sqlite3_column_name(lease.get(), 0);
+    try {
+        return readSqliteColumn(lease.get(), 0, sqliteColumnKind(sqlite3_column_decltype(lease.get(), 0)),
+                                name != nullptr ? name : "");
+    } catch (const DataError& error) {
+        throw DataError(error.what(), sql);
+    }
+}
+
+void SqliteConnection::executeScript(const std::string& script) {
+    const std::vector<std::string> statements = Dialect::splitScript(script);
+    execute("BEGIN IMMEDIATE");
+    try {
+        for (const std::string& statement : statements) {
+            const std::string sql = dialect().translate(statement);
+            const SqliteStatementCache::StatementPtr prepared = prepareSqliteStatement(db_.get(), sql, 0);
+            while (step(prepared.get(), sql)) {
+            }
+        }
+        execute("COMMIT");
+    } catch (...) {
+        sqlite3_exec(db_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+        statements_.clear();
+        throw;
+    }
+    // The script may have changed tables that cached statements describe.
+    statements_.clear();
+}
+
+std::vector<std::string> SqliteConnection::tableNames() {
+    const std::string sql =
+        "SELECT name FROM sqlite_schema WHERE type = 'table' AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\' ORDER BY name";
+    const SqliteStatementCache::Lease lease = prepare(sql);
+    std::vector<std::string> names;
+    while (step(lease.get(), sql)) {
+        names.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(lease.get(), 0)));
+    }
+    return names;
+}
+
+void SqliteConnection::installSchema() {
+    const std::vector<SchemaScript> scripts = schemaScripts(dialect().name());
+    if (scripts.empty()) {
+        throw DataError("No schema scripts are built into this library", location_);
+    }
+    execute("BEGIN IMMEDIATE");
+    try {
+        for (const SchemaScript& script : scripts) {
+            execute(std::string(script.sql), "schema script " + std::string(script.name));
+        }
+        execute("COMMIT");
+    } catch (...) {
+        sqlite3_exec(db_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
+    }
+    statements_.clear();
+}
+
+} // namespace avlor

@@ -1,0 +1,130 @@
+#include "sqlite/SqliteDatabase.h"
+
+#include <cerrno>
+#include <cstring>
+#include <string_view>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "avlor/data/DataError.h"
+#include "sqlite/SqliteConnection.h"
+
+namespace avlor {
+
+namespace {
+
+int hexDigit(char c) {
+    if (c >= '0' && c <= '9') {
+        return c - '0';
+    }
+    if (c >= 'a' && c <= 'f') {
+        return c - 'a' + 10;
+    }
+    if (c >= 'A' && c <= 'F') {
+        return c - 'A' + 10;
+    }
+    return -1;
+}
+
+std::string percentDecoded(std::string_view text) {
+    std::string result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '%' && i + 2 < text.size() && hexDigit(text[i + 1]) >= 0 && hexDigit(text[i + 2]) >= 0) {
+            result += static_cast<char>(hexDigit(text[i + 1]) * 16 + hexDigit(text[i + 2]));
+            i += 2;
+        } else {
+            result += text[i];
+        }
+    }
+    return result;
+}
+
+void removeDatabaseFiles(const std::filesystem::path& file) noexcept {
+    std::error_code ignored;
+    for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
+        std::filesystem::remove(file.string() + suffix, ignored);
+    }
+}
+
+// Makes the file, failing if anything is there already: the test and the
+// creation are one step, so two processes cannot both create it.
+void createEmptyFile(const std::string& location, const std::filesystem::path& file) {
+    if (file.has_parent_path()) {
+        std::error_code error;
+        std::filesystem::create_directories(file.parent_path(), error);
+        if (error) {
+            throw DataError("Cannot make the folder of the database: " + error.message(), location);
+        }
+    }
+    const int fd = ::open(file.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0644);
+    if (fd < 0) {
+        const int failure = errno;
+        if (failure == EEXIST) {
+            throw DataError("A database already exists at this location; it is left untouched", location);
+        }
+        throw DataError(std::string("Cannot create the database file: ") + std::strerror(failure), location);
+    }
+    ::close(fd);
+}
+
+} // namespace
+
+SqliteLocation sqliteLocation(const std::string& location) {
+    SqliteLocation where;
+    if (location.empty() || location == ":memory:") {
+        where.inMemory = true;
+        return where;
+    }
+    if (location.rfind("file:", 0) != 0) {
+        where.file = location;
+        return where;
+    }
+    std::string_view rest = std::string_view(location).substr(5);
+    const std::size_t end = rest.find_first_of("?#");
+    const std::string_view query = end == std::string_view::npos ? std::string_view() : rest.substr(end);
+    rest = rest.substr(0, end);
+    if (rest.rfind("//", 0) == 0) {
+        const std::size_t slash = rest.find('/', 2);
+        rest = slash == std::string_view::npos ? std::string_view() : rest.substr(slash);
+    }
+    const std::string path = percentDecoded(rest);
+    where.inMemory = path.empty() || path == ":memory:" || query.find("mode=memory") != std::string_view::npos;
+    if (!where.inMemory) {
+        where.file = path;
+    }
+    return where;
+}
+
+std::shared_ptr<SqliteConnection> createSqlitePracticeDatabase(const std::string& location) {
+    const SqliteLocation where = sqliteLocation(location);
+    if (!where.inMemory) {
+        createEmptyFile(location, where.file);
+    }
+    std::shared_ptr<SqliteConnection> connection;
+    try {
+        connection = SqliteConnection::connect(location);
+    } catch (...) {
+        if (!where.inMemory) {
+            removeDatabaseFiles(where.file);
+        }
+        throw;
+    }
+    // Only a shared in-memory database can hold tables here: the file was
+    // made empty a moment ago.
+    if (!connection->tableNames().empty()) {
+        throw DataError("The database already holds tables; it is left untouched", location);
+    }
+    try {
+        connection->installSchema();
+    } catch (...) {
+        connection.reset();
+        if (!where.inMemory) {
+            removeDatabaseFiles(where.file);
+        }
+        throw;
+    }
+    return connection;
+}
+
+} // namespace avlor
