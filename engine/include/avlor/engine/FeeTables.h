@@ -1,0 +1,34 @@
+#pragma once
+// The twelve fee tables: their editions and families, how a table name given
+// by a caller is recognised, and the statement that reads one item's row.
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace avlor {
+
+// The three editions of the official tables: 1994 in lire, the same 1994
+// tables converted to euro, and the 2004 tables in euro.
+enum class Edition { Lire94, Euro94, Euro2004 };
+
+enum class Family { Rights, Civil, Criminal, OutOfCourt };
+
+struct FeeTable {
+    std::string_view name; // as stored, for example "Diritti94Euro"
+    Family family;
+    Edition edition;
+};
+
+// A caller's table name trimmed of leading and trailing blanks and upper-cased
+// ("  diritti94euro " -> "DIRITTI94EURO"), the form in which names are matched.
+[[nodiscard]] std::string normalizedTableName(std::string_view sTabella);
+
+// The table a caller's name selects, matched on the normalized name in the
+// order rights, civil, criminal, out-of-court; none for any other name.
+[[nodiscard]] std::optional<FeeTable> feeTableNamed(std::string_view sTabella);
+
+// "SELECT * FROM " + table + " WHERE Id = " + the decimal text of the id.
+[[nodiscard]] std::string sqlFeeRow(std::string_view table, std::int32_t id);
+
+} // namespace avlor
