@@ -1,6 +1,9 @@
 #include "avlor/data/tariffe/FeeTables.h"
 
 #include <array>
+#include <string>
+
+#include "avlor/core/Error.h"
 
 #include "tariffe/TariffText.h"
 
@@ -38,6 +41,16 @@ std::optional<FeeTable> findFeeTable(std::string_view name)
             return table;
     }
     return std::nullopt;
+}
+
+FeeTable requireFeeTable(std::string_view name)
+{
+    if (const auto table = findFeeTable(name))
+        return *table;
+    std::string names;
+    for (const FeeTable& table : Tables)
+        names += (names.empty() ? "" : ", ") + std::string(table.name);
+    throw Error("\"" + std::string(name) + "\" is not a fee table (the fee tables are " + names + ")");
 }
 
 FeeColumnRole feeColumnRole(std::string_view column)

@@ -9,54 +9,19 @@
 #include "avlor/data/tariffe/Csv.h"
 #include "avlor/data/tariffe/FeeTables.h"
 #include "avlor/data/tariffe/TariffFileError.h"
+#include "tariffe/RecordSource.h"
 #include "tariffe/TariffText.h"
 
 namespace avlor {
 
 namespace {
 
-using tariffe_detail::allDigits;
-using tariffe_detail::equalsIgnoringCase;
 using tariffe_detail::isValidUtf8;
+using tariffe_detail::listOf;
+using tariffe_detail::matchHeader;
+using tariffe_detail::readPositiveId;
+using tariffe_detail::RecordSource;
 using tariffe_detail::trimBlanks;
-
-std::string listOf(const std::vector<std::string>& names)
-{
-    std::string text;
-    for (const std::string& name : names)
-        text += (text.empty() ? "" : ", ") + name;
-    return text;
-}
-
-// Reads records and turns a malformed one into a TariffFileError naming the
-// header's column at the fault (once the header is known).
-class RecordSource {
-public:
-    explicit RecordSource(std::string_view text) : reader_(text, detectCsvSeparator(text)) {}
-
-    void setColumns(const std::vector<std::string>* columns) { columns_ = columns; }
-
-    // The next record that is not a blank line.
-    std::optional<CsvRecord> next()
-    {
-        try {
-            while (auto record = reader_.next()) {
-                if (!record->isBlank())
-                    return record;
-            }
-            return std::nullopt;
-        } catch (const CsvError& e) {
-            std::string column;
-            if (columns_ && e.fieldIndex() < columns_->size())
-                column = (*columns_)[e.fieldIndex()];
-            throw TariffFileError(e.line(), column, e.what());
-        }
-    }
-
-private:
-    CsvReader reader_;
-    const std::vector<std::string>* columns_ = nullptr;
-};
 
 struct Header {
     std::size_t line = 0;
@@ -72,26 +37,9 @@ Header readHeader(RecordSource& source, std::string_view table, const std::vecto
                                          " (" + listOf(tableColumns) + ")");
     Header header;
     header.line = record->line;
-    for (std::size_t i = 0; i < record->fields.size(); ++i) {
-        const std::string_view name = trimBlanks(record->fields[i].text);
-        if (name.empty())
-            throw TariffFileError(header.line, "", "column " + std::to_string(i + 1) + " of the header has no name");
-        std::optional<std::string> known;
-        for (const std::string& column : tableColumns) {
-            if (equalsIgnoringCase(column, name))
-                known = column;
-        }
-        if (!known)
-            throw TariffFileError(header.line, std::string(name),
-                                  "is not a column of " + std::string(table) + " (its columns are " +
-                                      listOf(tableColumns) + ")");
-        for (const std::string& earlier : header.columns) {
-            if (earlier == *known)
-                throw TariffFileError(header.line, *known, "is named twice in the header");
-        }
-        header.columns.push_back(*known);
-        header.roles.push_back(feeColumnRole(*known));
-    }
+    header.columns = matchHeader(*record, tableColumns, table);
+    for (const std::string& column : header.columns)
+        header.roles.push_back(feeColumnRole(column));
     for (const FeeColumnRole required : {FeeColumnRole::Key, FeeColumnRole::Code}) {
         bool present = false;
         for (const FeeColumnRole role : header.roles)
@@ -106,15 +54,11 @@ Header readHeader(RecordSource& source, std::string_view table, const std::vecto
 
 std::int32_t readItemId(const std::string& cell, std::size_t line, const std::string& column)
 {
-    const std::string_view text = trimBlanks(cell);
-    constexpr auto maxId = std::numeric_limits<std::int32_t>::max();
-    if (allDigits(text) && text.size() <= 10) {
-        const long long id = std::stoll(std::string(text));
-        if (id >= 1 && id <= maxId)
-            return static_cast<std::int32_t>(id);
-    }
+    if (const auto id = readPositiveId(cell))
+        return *id;
     throw TariffFileError(line, column,
-                          "\"" + cell + "\" is not an item id (a whole number from 1 to " + std::to_string(maxId) + ")");
+                          "\"" + cell + "\" is not an item id (a whole number from 1 to " +
+                              std::to_string(std::numeric_limits<std::int32_t>::max()) + ")");
 }
 
 // An amount cell that only the notation of the whole file can read.

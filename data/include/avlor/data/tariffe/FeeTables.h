@@ -30,6 +30,8 @@ struct FeeTable {
 // surrounding blanks ("onorari2004euro" finds Onorari2004Euro); nothing for
 // any other name.
 [[nodiscard]] std::optional<FeeTable> findFeeTable(std::string_view name);
+// The same, raising Error (naming the twelve tables) for any other name.
+[[nodiscard]] FeeTable requireFeeTable(std::string_view name);
 
 enum class FeeColumnRole {
     Key,         // Id: the official item id, a whole number

@@ -2,8 +2,9 @@
 // TariffFileError: a fee-table file that cannot be loaded, with the place of
 // the fault so that a person can correct the file: the 1-based line, and the
 // column as the header names it (empty when the fault is the line as a
-// whole, or when the file has no header). Nothing has been written to the
-// database when it is raised.
+// whole, or when the file has no header), and, where several files are read
+// together, the file's name. Nothing has been written to the database when
+// it is raised.
 #include <cstddef>
 #include <string>
 
@@ -13,19 +14,27 @@ namespace avlor {
 
 class TariffFileError : public Error {
 public:
-    TariffFileError(std::size_t line, std::string column, const std::string& reason)
-        : Error(describe(line, column, reason)), line_(line), column_(std::move(column)), reason_(reason) {}
+    TariffFileError(std::size_t line, std::string column, const std::string& reason, std::string file = {})
+        : Error(describe(file, line, column, reason)), line_(line), column_(std::move(column)), reason_(reason),
+          file_(std::move(file)) {}
+
+    // The same fault, placed in the named file.
+    [[nodiscard]] TariffFileError inFile(std::string file) const { return {line_, column_, reason_, std::move(file)}; }
 
     [[nodiscard]] std::size_t line() const noexcept { return line_; }
     [[nodiscard]] const std::string& column() const noexcept { return column_; }
     // The fault without its place.
     [[nodiscard]] const std::string& reason() const noexcept { return reason_; }
+    // Empty when the fault was found in text not read from a named file.
+    [[nodiscard]] const std::string& file() const noexcept { return file_; }
 
 private:
-    // "line 4, column SCA1MIN: ..." or "line 4: ...".
-    static std::string describe(std::size_t line, const std::string& column, const std::string& reason)
+    // "line 4, column SCA1MIN: ...", "line 4: ..." or, with a file,
+    // "Onorari94.csv, line 4, column SCA1MIN: ...".
+    static std::string describe(const std::string& file, std::size_t line, const std::string& column,
+                                const std::string& reason)
     {
-        std::string text = "line " + std::to_string(line);
+        std::string text = (file.empty() ? "" : file + ", ") + "line " + std::to_string(line);
         if (!column.empty())
             text += ", column " + column;
         return text + ": " + reason;
@@ -34,6 +43,7 @@ private:
     std::size_t line_;
     std::string column_;
     std::string reason_;
+    std::string file_;
 };
 
 } // namespace avlor

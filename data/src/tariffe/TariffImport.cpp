@@ -1,0 +1,38 @@
+#include "avlor/data/tariffe/TariffImport.h"
+
+#include "avlor/data/Database.h"
+#include "avlor/data/tariffe/FeeTables.h"
+#include "avlor/data/tariffe/TariffFile.h"
+#include "avlor/data/tariffe/TariffFileError.h"
+#include "tariffe/FileText.h"
+#include "tariffe/TariffWriter.h"
+#include "tariffe/WriteTransaction.h"
+
+namespace avlor {
+
+TariffImportResult importTariffText(std::string_view table, std::string_view text, const std::string& source)
+{
+    const std::string name(requireFeeTable(table).name);
+    const auto connection = connectionFor(currentDatabase());
+    const TariffFile file = readTariffFile(name, text, tariffe_detail::tableColumns(connection, name));
+    TariffImportResult result;
+    tariffe_detail::writeAtomically(connection, [&] {
+        result = tariffe_detail::writeItems(connection, file);
+        for (const TariffFileRow& row : file.rows)
+            tariffe_detail::writeSource(connection, name, row.id, source, std::nullopt);
+    });
+    return result;
+}
+
+TariffImportResult importTariffFile(std::string_view table, const std::filesystem::path& path)
+{
+    const std::string text = tariffe_detail::readFileText(path);
+    const std::string fileName = path.filename().string();
+    try {
+        return importTariffText(table, text, "File importato: " + fileName);
+    } catch (const TariffFileError& e) {
+        throw e.inFile(fileName);
+    }
+}
+
+} // namespace avlor
