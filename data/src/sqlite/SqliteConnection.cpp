@@ -34,11 +34,11 @@ SqliteConnection::~SqliteConnection() { statements_.clear(); }
 
 const Dialect& SqliteConnection::dialect() const { return SqliteDialect::instance(); }
 
-SqliteStatementCache::Lease SqliteConnection::prepare(const std::string& sql) {
-    return statements_.acquire(db_.get(), sql);
+SqliteStatementCache::Lease SqliteConnection::prepare(const std::string& sql, const std::string& reportAs) {
+    return statements_.acquire(db_.get(), sql, reportAs);
 }
 
-bool SqliteConnection::step(sqlite3_stmt* statement, const std::string& sql) {
+bool SqliteConnection::step(sqlite3_stmt* statement, const std::string& reportAs) {
     const int rc = sqlite3_step(statement);
     if (rc == SQLITE_ROW) {
         return true;
@@ -46,7 +46,7 @@ bool SqliteConnection::step(sqlite3_stmt* statement, const std::string& sql) {
     if (rc == SQLITE_DONE) {
         return false;
     }
-    raiseSqliteError(db_.get(), rc, sql);
+    raiseSqliteError(db_.get(), rc, reportAs);
 }
 
 void SqliteConnection::execute(const std::string& sql, const std::string& reportAs) {
@@ -61,7 +61,7 @@ void SqliteConnection::execute(const std::string& sql, const std::string& report
 
 std::shared_ptr<RecordSet> SqliteConnection::open(const std::string& source, bool editable) {
     const bool wholeTable = Dialect::isBareTableName(source);
-    auto rows = std::make_unique<SqliteRowSource>(shared_from_this(), dialect().translate(source), editable);
+    auto rows = std::make_unique<SqliteRowSource>(shared_from_this(), source, dialect().translate(source), editable);
     // A whole table opened to add rows is read only if its rows are needed.
     const auto fetch = editable && wholeTable ? BufferedRecordSet::Fetch::WhenNeeded : BufferedRecordSet::Fetch::Now;
     return std::make_shared<BufferedRecordSet>(
@@ -70,11 +70,11 @@ std::shared_ptr<RecordSet> SqliteConnection::open(const std::string& source, boo
 
 Value SqliteConnection::singleValue(const std::string& statement) {
     const std::string sql = dialect().translate(statement);
-    const SqliteStatementCache::Lease lease = prepare(sql);
+    const SqliteStatementCache::Lease lease = prepare(sql, statement);
     if (sqlite3_column_count(lease.get()) == 0 || sqlite3_stmt_readonly(lease.get()) == 0) {
-        throw DataError("Not a query: only a SELECT statement gives a value", sql);
+        throw DataError("Not a query: only a SELECT statement gives a value", statement);
     }
-    if (!step(lease.get(), sql)) {
+    if (!step(lease.get(), statement)) {
         return Value();
     }
     const char* name = sqlite3_column_name(lease.get(), 0);
@@ -82,7 +82,7 @@ Value SqliteConnection::singleValue(const std::string& statement) {
         return readSqliteColumn(lease.get(), 0, sqliteColumnKind(sqlite3_column_decltype(lease.get(), 0)),
                                 name != nullptr ? name : "");
     } catch (const DataError& error) {
-        throw DataError(error.what(), sql);
+        throw DataError(error.what(), statement);
     }
 }
 
@@ -92,8 +92,8 @@ void SqliteConnection::executeScript(const std::string& script) {
     try {
         for (const std::string& statement : statements) {
             const std::string sql = dialect().translate(statement);
-            const SqliteStatementCache::StatementPtr prepared = prepareSqliteStatement(db_.get(), sql, 0);
-            while (step(prepared.get(), sql)) {
+            const SqliteStatementCache::StatementPtr prepared = prepareSqliteStatement(db_.get(), sql, 0, statement);
+            while (step(prepared.get(), statement)) {
             }
         }
         execute("COMMIT");

@@ -49,9 +49,11 @@ public:
 
     // The backend's own pieces (record sets) work through these.
     [[nodiscard]] sqlite3* handle() const noexcept { return db_.get(); }
-    [[nodiscard]] SqliteStatementCache::Lease prepare(const std::string& sql);
+    // Errors name `reportAs` when given: the statement as the application
+    // wrote it, before the dialect.
+    [[nodiscard]] SqliteStatementCache::Lease prepare(const std::string& sql, const std::string& reportAs = {});
     // Steps once: true for a row, false when done; DataError otherwise.
-    bool step(sqlite3_stmt* statement, const std::string& sql);
+    bool step(sqlite3_stmt* statement, const std::string& reportAs);
 
 private:
     struct Closer {

@@ -63,8 +63,9 @@ std::string text(const char* maybe) { return maybe == nullptr ? std::string() : 
 
 } // namespace
 
-SqliteRowSource::SqliteRowSource(std::shared_ptr<SqliteConnection> connection, const std::string& sql, bool editable)
-    : connection_(std::move(connection)) {
+SqliteRowSource::SqliteRowSource(std::shared_ptr<SqliteConnection> connection, std::string source,
+                                 const std::string& sql, bool editable)
+    : connection_(std::move(connection)), source_(std::move(source)) {
     if (editable) {
         if (const auto keyed = rowIdForm(sql, whyNotUpdatable_); keyed && tryRowIdForm(*keyed)) {
             return;
@@ -73,8 +74,8 @@ SqliteRowSource::SqliteRowSource(std::shared_ptr<SqliteConnection> connection, c
     sql_ = sql;
     keyed_ = false;
     table_.clear();
-    const SqliteStatementCache::Lease lease = connection_->prepare(sql_);
-    requireQuery(lease.get(), sql_);
+    const SqliteStatementCache::Lease lease = connection_->prepare(sql_, source_);
+    requireQuery(lease.get(), source_);
     readShape(lease.get(), 0);
     if (editable && whyNotUpdatable_.empty()) {
         whyNotUpdatable_ = "its columns do not all come from one table";
@@ -117,7 +118,7 @@ bool SqliteRowSource::readShape(sqlite3_stmt* statement, int first) {
 
 std::vector<Value> SqliteRowSource::readRow(sqlite3_stmt* statement, int first) const {
     if (sqlite3_column_count(statement) != first + static_cast<int>(names_.size())) {
-        throw DataError("The statement's columns changed since it was opened", sql_);
+        throw DataError("The statement's columns changed since it was opened", source_);
     }
     std::vector<Value> values;
     values.reserve(names_.size());
@@ -126,15 +127,15 @@ std::vector<Value> SqliteRowSource::readRow(sqlite3_stmt* statement, int first) 
             values.push_back(readSqliteColumn(statement, first + static_cast<int>(i), kinds_[i], names_[i]));
         }
     } catch (const DataError& error) {
-        throw DataError(error.what(), sql_);
+        throw DataError(error.what(), source_);
     }
     return values;
 }
 
 std::vector<FetchedRow> SqliteRowSource::fetch() {
-    const SqliteStatementCache::Lease lease = connection_->prepare(sql_);
+    const SqliteStatementCache::Lease lease = connection_->prepare(sql_, source_);
     std::vector<FetchedRow> rows;
-    while (connection_->step(lease.get(), sql_)) {
+    while (connection_->step(lease.get(), source_)) {
         FetchedRow row;
         if (keyed_) {
             row.key = std::to_string(sqlite3_column_int64(lease.get(), 0));
@@ -215,7 +216,7 @@ void SqliteRowSource::update(const std::string& key, const FieldChanges& changes
     sqlite3_bind_int64(lease.get(), static_cast<int>(changes.size() + 1), std::stoll(key));
     connection_->step(lease.get(), sql);
     if (sqlite3_changes64(connection_->handle()) == 0) {
-        throw DataError("The row to update is no longer in the table", sql_);
+        throw DataError("The row to update is no longer in the table", source_);
     }
 }
 
@@ -225,7 +226,7 @@ void SqliteRowSource::remove(const std::string& key) {
     sqlite3_bind_int64(lease.get(), 1, std::stoll(key));
     connection_->step(lease.get(), sql);
     if (sqlite3_changes64(connection_->handle()) == 0) {
-        throw DataError("The row to delete is no longer in the table", sql_);
+        throw DataError("The row to delete is no longer in the table", source_);
     }
 }
 

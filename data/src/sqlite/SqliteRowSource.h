@@ -23,13 +23,15 @@ class SqliteConnection;
 
 class SqliteRowSource final : public RowSource {
 public:
-    // Prepares `sql` (already through the dialect) and reads the shape of
+    // Prepares `sql` (`source` through the dialect) and reads the shape of
     // its rows. With `editable`, tries the row-id form first. Raises
-    // DataError when the statement does not prepare or is not a query.
-    SqliteRowSource(std::shared_ptr<SqliteConnection> connection, const std::string& sql, bool editable);
+    // DataError, naming `source`, when the statement does not prepare or is
+    // not a query.
+    SqliteRowSource(std::shared_ptr<SqliteConnection> connection, std::string source, const std::string& sql,
+                    bool editable);
 
     [[nodiscard]] const std::vector<std::string>& fieldNames() const override { return names_; }
-    [[nodiscard]] const std::string& statement() const override { return sql_; }
+    [[nodiscard]] const std::string& statement() const override { return source_; }
     [[nodiscard]] std::vector<FetchedRow> fetch() override;
     [[nodiscard]] std::string whyNotUpdatable() const override { return whyNotUpdatable_; }
     [[nodiscard]] Value normalise(std::size_t field, const Value& value) const override;
@@ -48,6 +50,7 @@ private:
     [[nodiscard]] std::string quotedTable() const;
 
     std::shared_ptr<SqliteConnection> connection_;
+    std::string source_;   // as the application wrote it
     std::string sql_;      // the statement run (with the row id when keyed)
     bool keyed_ = false;   // column 0 is the row id
     std::vector<std::string> names_;

@@ -12,20 +12,22 @@ void raiseSqliteError(sqlite3* db, int rc, const std::string& sql) {
     throw DataError(db != nullptr ? sqlite3_errmsg(db) : sqlite3_errstr(rc), sql, std::to_string(rc));
 }
 
-SqliteStatementCache::StatementPtr prepareSqliteStatement(sqlite3* db, const std::string& sql, unsigned int flags) {
+SqliteStatementCache::StatementPtr prepareSqliteStatement(sqlite3* db, const std::string& sql, unsigned int flags,
+                                                          const std::string& reportAs) {
+    const std::string& reported = reportAs.empty() ? sql : reportAs;
     sqlite3_stmt* raw = nullptr;
     const char* tail = nullptr;
     const int rc = sqlite3_prepare_v3(db, sql.c_str(), static_cast<int>(sql.size() + 1), flags, &raw, &tail);
     SqliteStatementCache::StatementPtr statement(raw);
     if (rc != SQLITE_OK) {
-        raiseSqliteError(db, rc, sql);
+        raiseSqliteError(db, rc, reported);
     }
     if (statement == nullptr) {
-        throw DataError("No statement to run", sql);
+        throw DataError("No statement to run", reported);
     }
     for (; tail != nullptr && *tail != '\0'; ++tail) {
         if (std::isspace(static_cast<unsigned char>(*tail)) == 0) {
-            throw DataError("Only one statement can run at a time: text follows ';'", sql);
+            throw DataError("Only one statement can run at a time: text follows ';'", reported);
         }
     }
     return statement;
@@ -41,12 +43,13 @@ SqliteStatementCache::Lease::~Lease() {
     }
 }
 
-SqliteStatementCache::Lease SqliteStatementCache::acquire(sqlite3* db, const std::string& sql) {
+SqliteStatementCache::Lease SqliteStatementCache::acquire(sqlite3* db, const std::string& sql,
+                                                         const std::string& reportAs) {
     const auto found = entries_.find(sql);
     if (found != entries_.end()) {
         Entry& entry = found->second;
         if (entry.inUse) {
-            StatementPtr fresh = prepareSqliteStatement(db, sql, 0);
+            StatementPtr fresh = prepareSqliteStatement(db, sql, 0, reportAs);
             sqlite3_stmt* raw = fresh.get();
             return Lease(raw, nullptr, std::move(fresh));
         }
@@ -54,7 +57,7 @@ SqliteStatementCache::Lease SqliteStatementCache::acquire(sqlite3* db, const std
         entry.inUse = true;
         return Lease(entry.statement.get(), &entry.inUse, nullptr);
     }
-    StatementPtr statement = prepareSqliteStatement(db, sql, SQLITE_PREPARE_PERSISTENT);
+    StatementPtr statement = prepareSqliteStatement(db, sql, SQLITE_PREPARE_PERSISTENT, reportAs);
     recency_.push_front(sql);
     Entry& entry = entries_[sql];
     entry.statement = std::move(statement);

@@ -50,8 +50,9 @@ public:
 
     // The prepared statement of `sql`. Raises DataError with SQLite's message
     // when it does not prepare, and when text other than blanks follows the
-    // first statement (so a second statement never runs).
-    [[nodiscard]] Lease acquire(sqlite3* db, const std::string& sql);
+    // first statement (so a second statement never runs). The error names
+    // `reportAs` (the statement as the application wrote it), or `sql`.
+    [[nodiscard]] Lease acquire(sqlite3* db, const std::string& sql, const std::string& reportAs = {});
 
     // Finalises every statement not lent out (after a change of schema).
     void clear() noexcept;
@@ -74,7 +75,8 @@ private:
 
 // Prepares `sql` on its own (not cached), with the same checks as the cache.
 [[nodiscard]] SqliteStatementCache::StatementPtr prepareSqliteStatement(sqlite3* db, const std::string& sql,
-                                                                        unsigned int flags);
+                                                                        unsigned int flags,
+                                                                        const std::string& reportAs = {});
 
 // Raises DataError with the connection's last message, `sql` and the code.
 [[noreturn]] void raiseSqliteError(sqlite3* db, int rc, const std::string& sql);
