@@ -1,0 +1,19 @@
+#include "FeeRow.h"
+
+#include "avlor/data/TipoCampo.h"
+#include "avlor/engine/FeeTables.h"
+
+namespace avlor {
+
+FeeRow::FeeRow(std::string_view table, std::int32_t id)
+{
+    static_cast<void>(data_.Apri(sqlFeeRow(table, id), adOpenForwardOnly, adLockReadOnly, adCmdUnspecified));
+}
+
+Value FeeRow::amount(const std::string& column) { return data_.Campo(column, TipoNumero); }
+
+std::string FeeRow::text(const std::string& column) { return data_.Campo(column, TipoTesto).toText(Locale::neutral()); }
+
+bool isPositive(const Value& column) { return column.numberLenient() > 0.0; }
+
+} // namespace avlor
