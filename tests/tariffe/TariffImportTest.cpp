@@ -255,6 +255,16 @@ TEST_F(TariffImport, ExportThenImportGivesIdenticalRows)
     EXPECT_EQ(exportTariffText("Onorari2004Euro"), exported);
 }
 
+TEST_F(TariffImport, ItemIdsAcrossThe16BitBoundaryUpToTheLargest)
+{
+    const std::string file = "Id,CodiceTariffa\n32767,\"a\"\n32768,\"b\"\n2147483647,\"c\"\n";
+    EXPECT_EQ(importTariffText("OnorariStrag2004Euro", file, "limiti").added, 3U);
+    expectSameRows(db.rows("SELECT Id FROM OnorariStrag2004Euro ORDER BY Id"),
+                   {{id(32767)}, {id(32768)}, {id(2147483647)}});
+    EXPECT_EQ(exportTariffText("OnorariStrag2004Euro"),
+              "Id,CodiceTariffa,Azione,Autorita\n32767,\"a\",,\n32768,\"b\",,\n2147483647,\"c\",,\n");
+}
+
 TEST_F(TariffImport, ExportThenImportIntoTheSameDatabaseChangesNoRow)
 {
     seed();
