@@ -3,6 +3,7 @@
 #include <limits>
 #include <map>
 #include <optional>
+#include <utility>
 
 #include "avlor/core/Error.h"
 #include "avlor/data/tariffe/AmountText.h"
@@ -101,87 +102,116 @@ private:
     std::string where_;
 };
 
+// Reads the items of a file, cell by cell, once its header is known.
+class ItemReader {
+public:
+    ItemReader(std::string_view table, Header header) : header_(std::move(header))
+    {
+        file_.table = std::string(table);
+        file_.columns = header_.columns;
+    }
+
+    void read(const CsvRecord& record)
+    {
+        if (record.fields.size() != header_.columns.size())
+            throw TariffFileError(record.line, "",
+                                  "has " + std::to_string(record.fields.size()) + " fields where the header names " +
+                                      std::to_string(header_.columns.size()) +
+                                      " columns (a text holding a comma must be written between quotes)");
+        TariffFileRow row;
+        row.line = record.line;
+        for (std::size_t i = 0; i < header_.columns.size(); ++i)
+            row.values.push_back(readCell(row, i, record.fields[i]));
+        file_.rows.push_back(std::move(row));
+    }
+
+    // The content, once every item is read: ambiguous amounts take the
+    // notation the file has shown.
+    TariffFile finish()
+    {
+        if (file_.rows.empty())
+            throw TariffFileError(header_.line + 1, "", "the file has no items after its header");
+        for (const PendingAmount& amount : pending_) {
+            TariffFileRow& row = file_.rows[amount.row];
+            try {
+                row.values[amount.column] =
+                    Value::currency(amountInStyle(amount.cell, amount.text, notation_.style()));
+            } catch (const ValueError& e) {
+                throw TariffFileError(row.line, file_.columns[amount.column], e.what());
+            }
+        }
+        return std::move(file_);
+    }
+
+private:
+    Value readCell(TariffFileRow& row, std::size_t index, const CsvField& field)
+    {
+        const std::string& column = header_.columns[index];
+        switch (header_.roles[index]) {
+        case FeeColumnRole::Key:
+            row.id = readItemId(field.text, row.line, column);
+            if (const auto [earlier, added] = lineOfId_.emplace(row.id, row.line); !added)
+                throw TariffFileError(row.line, column,
+                                      "item " + std::to_string(row.id) + " already appears on line " +
+                                          std::to_string(earlier->second));
+            return Value::longValue(row.id);
+        case FeeColumnRole::Code:
+            if (trimBlanks(field.text).empty())
+                throw TariffFileError(row.line, column, "is empty: every item needs its code as the table prints it");
+            return readText(field, row.line, column);
+        case FeeColumnRole::Text:
+            return readText(field, row.line, column);
+        case FeeColumnRole::Amount:
+            break;
+        }
+        return readAmount(field, row.line, index);
+    }
+
+    static Value readText(const CsvField& field, std::size_t line, const std::string& column)
+    {
+        if (!isValidUtf8(field.text))
+            throw TariffFileError(line, column, "is not UTF-8 text (save the file as UTF-8)");
+        return field.text.empty() && !field.quoted ? Value::null() : Value::text(field.text);
+    }
+
+    Value readAmount(const CsvField& field, std::size_t line, std::size_t index)
+    {
+        const std::string& column = header_.columns[index];
+        const std::string trimmed(trimBlanks(field.text));
+        if (trimmed.empty())
+            return Value::currency(Currency());
+        AmountText cell;
+        try {
+            cell = readAmountText(trimmed);
+        } catch (const ValueError& e) {
+            throw TariffFileError(line, column, e.what());
+        }
+        notation_.note(cell, line, column, trimmed);
+        if (cell.form == AmountText::Form::Ambiguous)
+            pending_.push_back({file_.rows.size(), index, cell, trimmed});
+        return Value::currency(cell.amount);
+    }
+
+    Header header_;
+    TariffFile file_;
+    std::map<std::int32_t, std::size_t> lineOfId_;
+    std::vector<PendingAmount> pending_;
+    NotationTracker notation_;
+};
+
 } // namespace
 
 TariffFile readTariffFile(std::string_view table, std::string_view text, const std::vector<std::string>& tableColumns)
 {
     RecordSource source(text);
-    const Header header = readHeader(source, table, tableColumns);
-    source.setColumns(&header.columns);
-
-    TariffFile file;
-    file.table = std::string(table);
-    file.columns = header.columns;
-    std::map<std::int32_t, std::size_t> lineOfId;
-    std::vector<PendingAmount> pending;
-    NotationTracker notation;
-
-    while (auto record = source.next()) {
-        const std::size_t line = record->line;
-        if (record->fields.size() != header.columns.size())
-            throw TariffFileError(line, "",
-                                  "has " + std::to_string(record->fields.size()) + " fields where the header names " +
-                                      std::to_string(header.columns.size()) +
-                                      " columns (a text holding a comma must be written between quotes)");
-        TariffFileRow row;
-        row.line = line;
-        for (std::size_t i = 0; i < header.columns.size(); ++i) {
-            const CsvField& field = record->fields[i];
-            const std::string& column = header.columns[i];
-            switch (header.roles[i]) {
-            case FeeColumnRole::Key: {
-                row.id = readItemId(field.text, line, column);
-                const auto [earlier, added] = lineOfId.emplace(row.id, line);
-                if (!added)
-                    throw TariffFileError(line, column,
-                                          "item " + std::to_string(row.id) + " already appears on line " +
-                                              std::to_string(earlier->second));
-                row.values.push_back(Value::longValue(row.id));
-                break;
-            }
-            case FeeColumnRole::Code:
-            case FeeColumnRole::Text: {
-                if (!isValidUtf8(field.text))
-                    throw TariffFileError(line, column, "is not UTF-8 text (save the file as UTF-8)");
-                if (header.roles[i] == FeeColumnRole::Code && trimBlanks(field.text).empty())
-                    throw TariffFileError(line, column, "is empty: every item needs its code as the table prints it");
-                row.values.push_back(field.text.empty() && !field.quoted ? Value::null() : Value::text(field.text));
-                break;
-            }
-            case FeeColumnRole::Amount: {
-                if (trimBlanks(field.text).empty()) {
-                    row.values.push_back(Value::currency(Currency()));
-                    break;
-                }
-                AmountText cell;
-                try {
-                    cell = readAmountText(field.text);
-                } catch (const ValueError& e) {
-                    throw TariffFileError(line, column, e.what());
-                }
-                notation.note(cell, line, column, std::string(trimBlanks(field.text)));
-                if (cell.form == AmountText::Form::Ambiguous)
-                    pending.push_back({file.rows.size(), i, cell, field.text});
-                row.values.push_back(Value::currency(cell.amount));
-                break;
-            }
-            }
-        }
-        file.rows.push_back(std::move(row));
-    }
-
-    if (file.rows.empty())
-        throw TariffFileError(header.line + 1, "", "the file has no items after its header");
-
-    for (const PendingAmount& amount : pending) {
-        TariffFileRow& row = file.rows[amount.row];
-        try {
-            row.values[amount.column] = Value::currency(amountInStyle(amount.cell, amount.text, notation.style()));
-        } catch (const ValueError& e) {
-            throw TariffFileError(row.line, file.columns[amount.column], e.what());
-        }
-    }
-    return file;
+    Header header = readHeader(source, table, tableColumns);
+    // The reader names the columns of a malformed record from the header.
+    const std::vector<std::string> columns = header.columns;
+    source.setColumns(&columns);
+    ItemReader items(table, std::move(header));
+    while (const auto record = source.next())
+        items.read(*record);
+    return items.finish();
 }
 
 } // namespace avlor

@@ -36,7 +36,8 @@ struct TariffFile {
 
 // Checks `text` against `tableColumns` (the columns of `table` as the
 // database reports them) and returns its content. Raises TariffFileError
-// naming the line and the column of the first fault.
+// naming the line and the column of a fault (the first one met, except that
+// an ambiguous amount is judged once the whole file has shown its notation).
 [[nodiscard]] TariffFile readTariffFile(std::string_view table, std::string_view text,
                                         const std::vector<std::string>& tableColumns);
 
