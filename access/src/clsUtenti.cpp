@@ -92,6 +92,15 @@ std::string closeList(std::string list) {
     return list + ")";
 }
 
+// The key under which a member is filed in the list of users seen.
+// (Built by appending: GCC 12 at -O3 warns falsely on a short literal
+// joined in front of a temporary text.)
+std::string seenKey(const Value& member) {
+    std::string key = "K";
+    key += member.toText();
+    return key;
+}
+
 // "(0," then every member of the user's groups once, in the order first met.
 // `seen` belongs to this one call, so a user who shares several groups with
 // the user is listed once.
@@ -103,7 +112,7 @@ std::string membersOfGroups(const Value& idUtente, bool skipAdministration) {
             continue;
         }
         for (const Value& member : readGroupMembers(gruppo.toText())) {
-            const std::string key = "K" + member.toText();
+            const std::string key = seenKey(member);
             if (!clsUtilitaDati::instance().EsisteInCollezione(seen, key)) {
                 list += member.toText() + ",";
                 seen.Add(member, key);
@@ -177,7 +186,10 @@ Value wholeWhenPossible(double number) {
 std::string clsUtenti::GetSqlRiservatezza(const Value& alIdUtente) const {
     // The fallback is narrower than level 1 on purpose: without the public 0,
     // a user whose rights cannot be worked out sees only his own records.
-    return withFallback("(" + alIdUtente.toText() + ")", [&] { return visibleUsers(alIdUtente); });
+    std::string ownIdAlone = "(";
+    ownIdAlone += alIdUtente.toText();
+    ownIdAlone += ")";
+    return withFallback(ownIdAlone, [&] { return visibleUsers(alIdUtente); });
 }
 
 std::int32_t clsUtenti::GetLivelloRiservatezza(const Value& alIdUtente) const {

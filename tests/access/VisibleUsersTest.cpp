@@ -159,7 +159,8 @@ TEST_F(VisibleUsersTest, AllLevelOverManyUsersListsEveryOneInTableOrder) {
     std::string expected = "(0";
     for (std::int32_t user = 1; user <= 250; ++user) {
         addUser(user, user == 5 ? fbTutti : fbUtente);
-        expected += "," + std::to_string(user);
+        expected += ',';
+        expected += std::to_string(user);
     }
     expected += ")";
     EXPECT_EQ(utenti.GetSqlRiservatezza(id(5)), expected);
