@@ -50,7 +50,10 @@ std::optional<std::string> rowIdForm(const std::string& sql, std::string& reason
     }
     const std::string_view keyword = tokens[insertAfter].text;
     const auto offset = static_cast<std::size_t>(keyword.data() - sql.data()) + keyword.size();
-    return sql.substr(0, offset) + " rowid," + sql.substr(offset);
+    std::string keyed = sql.substr(0, offset);
+    keyed += " rowid,";
+    keyed += sql.substr(offset);
+    return keyed;
 }
 
 void requireQuery(sqlite3_stmt* statement, const std::string& sql) {
@@ -60,6 +63,13 @@ void requireQuery(sqlite3_stmt* statement, const std::string& sql) {
 }
 
 std::string text(const char* maybe) { return maybe == nullptr ? std::string() : std::string(maybe); }
+
+// The numbered parameter "?n".
+std::string parameter(std::size_t number) {
+    std::string name = "?";
+    name += std::to_string(number);
+    return name;
+}
 
 } // namespace
 
@@ -155,9 +165,12 @@ std::string SqliteRowSource::quotedTable() const { return Dialect::quoteIdentifi
 std::vector<Value> SqliteRowSource::reread(sqlite3_int64 rowId) {
     std::string sql = "SELECT ";
     for (std::size_t i = 0; i < origins_.size(); ++i) {
-        sql += (i == 0 ? "" : ", ") + Dialect::quoteIdentifier(origins_[i]);
+        sql += i == 0 ? "" : ", ";
+        sql += Dialect::quoteIdentifier(origins_[i]);
     }
-    sql += " FROM " + quotedTable() + " WHERE rowid = ?1";
+    sql += " FROM ";
+    sql += quotedTable();
+    sql += " WHERE rowid = ?1";
     const SqliteStatementCache::Lease lease = connection_->prepare(sql);
     sqlite3_bind_int64(lease.get(), 1, rowId);
     if (!connection_->step(lease.get(), sql)) {
@@ -167,17 +180,24 @@ std::vector<Value> SqliteRowSource::reread(sqlite3_int64 rowId) {
 }
 
 FetchedRow SqliteRowSource::insert(const FieldChanges& changes) {
-    std::string sql = "INSERT INTO " + quotedTable();
+    std::string sql = "INSERT INTO ";
+    sql += quotedTable();
     if (changes.empty()) {
         sql += " DEFAULT VALUES";
     } else {
         std::string columns;
         std::string parameters;
         for (std::size_t i = 0; i < changes.size(); ++i) {
-            columns += (i == 0 ? "" : ", ") + Dialect::quoteIdentifier(origins_.at(changes[i].first));
-            parameters += (i == 0 ? "?" : ", ?") + std::to_string(i + 1);
+            columns += i == 0 ? "" : ", ";
+            columns += Dialect::quoteIdentifier(origins_.at(changes[i].first));
+            parameters += i == 0 ? "" : ", ";
+            parameters += parameter(i + 1);
         }
-        sql += " (" + columns + ") VALUES (" + parameters + ")";
+        sql += " (";
+        sql += columns;
+        sql += ") VALUES (";
+        sql += parameters;
+        sql += ")";
     }
     {
         const SqliteStatementCache::Lease lease = connection_->prepare(sql);
@@ -198,13 +218,17 @@ void SqliteRowSource::update(const std::string& key, const FieldChanges& changes
     if (changes.empty()) {
         return;
     }
-    std::string sql = "UPDATE " + quotedTable() + " SET ";
+    std::string sql = "UPDATE ";
+    sql += quotedTable();
+    sql += " SET ";
     for (std::size_t i = 0; i < changes.size(); ++i) {
-        sql += (i == 0 ? "" : ", ") + Dialect::quoteIdentifier(origins_.at(changes[i].first)) + " = ?" +
-               std::to_string(i + 1);
+        sql += i == 0 ? "" : ", ";
+        sql += Dialect::quoteIdentifier(origins_.at(changes[i].first));
+        sql += " = ";
+        sql += parameter(i + 1);
     }
-    const std::string keyParameter = "?" + std::to_string(changes.size() + 1);
-    sql += " WHERE rowid = " + keyParameter;
+    sql += " WHERE rowid = ";
+    sql += parameter(changes.size() + 1);
     const SqliteStatementCache::Lease lease = connection_->prepare(sql);
     for (std::size_t i = 0; i < changes.size(); ++i) {
         const auto& [field, value] = changes[i];
@@ -221,7 +245,9 @@ void SqliteRowSource::update(const std::string& key, const FieldChanges& changes
 }
 
 void SqliteRowSource::remove(const std::string& key) {
-    const std::string sql = "DELETE FROM " + quotedTable() + " WHERE rowid = ?1";
+    std::string sql = "DELETE FROM ";
+    sql += quotedTable();
+    sql += " WHERE rowid = ?1";
     const SqliteStatementCache::Lease lease = connection_->prepare(sql);
     sqlite3_bind_int64(lease.get(), 1, std::stoll(key));
     connection_->step(lease.get(), sql);
