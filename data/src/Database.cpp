@@ -40,10 +40,22 @@ void requireLocation(const std::string& location) {
     if (location.empty()) {
         throw DataError("No database location given");
     }
+}
+
+// The backend of a location. A server URI goes to the PostgreSQL backend,
+// which plugs in here and in makeDatabase; anything else is a SQLite file.
+std::shared_ptr<Connection> openDatabase(const std::string& location) {
     if (isServerLocation(location)) {
-        // The PostgreSQL backend plugs in here, beside SQLite.
         throw DataError("PostgreSQL databases are not available in this build", location);
     }
+    return SqliteConnection::connect(location);
+}
+
+std::shared_ptr<Connection> makeDatabase(const std::string& location) {
+    if (isServerLocation(location)) {
+        throw DataError("PostgreSQL databases are not available in this build", location);
+    }
+    return createSqlitePracticeDatabase(location);
 }
 
 std::string homeFolder() {
@@ -96,7 +108,7 @@ std::shared_ptr<Connection> connectionFor(const std::string& location) {
         return found->second;
     }
     requireLocation(location);
-    std::shared_ptr<Connection> connection = SqliteConnection::connect(location);
+    std::shared_ptr<Connection> connection = openDatabase(location);
     r.pool.emplace(location, connection);
     return connection;
 }
@@ -127,7 +139,7 @@ void createPracticeDatabase(const std::string& location) {
     if (r.pool.count(location) != 0) {
         throw DataError("A database already exists at this location; it is left untouched", location);
     }
-    r.pool.emplace(location, createSqlitePracticeDatabase(location));
+    r.pool.emplace(location, makeDatabase(location));
 }
 
 } // namespace avlor

@@ -1,5 +1,6 @@
 #include "avlor/data/Dialect.h"
 
+#include <algorithm>
 #include <cctype>
 #include <optional>
 
@@ -82,6 +83,14 @@ bool isBareBoolean(const std::vector<SqlToken>& tokens, std::size_t i) {
     return !isSymbol(tokens, next, '.') && !isSymbol(tokens, next, '(');
 }
 
+// Style 105 is day-month-year; the original server takes '-', '.' or '/'
+// between the parts.
+std::string dayFirstWithSlashes(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c == '-' || c == '.'; }, '/');
+    return text;
+}
+
 std::string_view trimBlanks(std::string_view text) {
     while (!text.empty() && std::isspace(static_cast<unsigned char>(text.front())) != 0) {
         text.remove_prefix(1);
@@ -123,7 +132,7 @@ std::string Dialect::translate(std::string_view source) const {
     for (std::size_t i = 0; i < tokens.size(); ++i) {
         const SqlToken& token = tokens[i];
         if (auto form = matchDateForm(tokens, i)) {
-            const std::optional<Date> date = Date::parseDayFirst(form->text);
+            const std::optional<Date> date = Date::parseDayFirst(dayFirstWithSlashes(form->text));
             if (!date) {
                 throw DataError("Conversion failed when converting '" + form->text + "' to a date",
                                 std::string(source));

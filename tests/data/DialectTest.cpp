@@ -71,7 +71,10 @@ TEST(SqliteDialect, DateFormBecomesIsoLiteral) {
                      " AND Data <= CONVERT (SMALLDATETIME,'1/10/1994', 105)  ORDER BY Data DESC,NOrdine DESC"),
               "SELECT NOrdine,Data FROM Azioni WHERE IdPra = 5 AND IsTariffa = 'FALSE'  AND IdAzione <> 4"
               " AND Data <= '1994-10-01'  ORDER BY Data DESC,NOrdine DESC");
-    // Spacing and letter case of the form do not matter.
+    // Spacing and letter case of the form do not matter, nor the separators
+    // that style 105 allows.
+    EXPECT_EQ(sqlite("SELECT 1 WHERE d = CONVERT (SMALLDATETIME,'02-06-2004', 105) "), "SELECT 1 WHERE d = '2004-06-02' ");
+    EXPECT_EQ(sqlite("SELECT 1 WHERE d = CONVERT (SMALLDATETIME,'2.6.2004', 105) "), "SELECT 1 WHERE d = '2004-06-02' ");
     EXPECT_EQ(sqlite("SELECT 1 WHERE d = convert(smalldatetime , '29/02/2004',105)"),
               "SELECT 1 WHERE d = '2004-02-29'");
 }

@@ -22,7 +22,10 @@ std::shared_ptr<SqliteConnection> SqliteConnection::connect(const std::string& l
     }
     std::shared_ptr<SqliteConnection> connection(new SqliteConnection(location, std::move(db)));
     sqlite3_busy_timeout(connection->handle(), BusyTimeoutMs);
-    connection->execute("PRAGMA journal_mode = WAL");
+    // A file that may only be read (an archive copy) is opened as it is.
+    if (sqlite3_db_readonly(connection->handle(), "main") != 1) {
+        connection->execute("PRAGMA journal_mode = WAL");
+    }
     connection->execute("PRAGMA synchronous = FULL");
     return connection;
 }
