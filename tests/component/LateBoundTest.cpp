@@ -1,0 +1,239 @@
+// Late-bound creation and calls of the six public classes, as scripting hosts
+// use them: by programmatic name, by operation name, with loosely typed
+// arguments, by-reference outputs written back.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "TestDatabase.h"
+#include "avlor/component/LateBound.h"
+#include "avlor/core/Error.h"
+#include "avlor/core/Messages.h"
+#include "avlor/data/DataError.h"
+
+namespace avlor {
+namespace {
+
+using test::TestDatabase;
+
+Value money(const char* text) { return Value::currency(Currency::fromText(text)); }
+
+const Value& valueOf(const DispatchResult& r)
+{
+    return std::get<Value>(r);
+}
+
+std::string errorOf(const std::function<void()>& f)
+{
+    try {
+        f();
+    } catch (const Error& e) {
+        return e.what();
+    }
+    return "(no error)";
+}
+
+class LateBoundTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        db.insertRow("Utenti", {{"ID_Utente", Value(5)}, {"NomeUtente", Value("Avv. Rossi")},
+                                {"LivelloRiservatezza", Value(2)}, {"TitContabilita", Value(true)}});
+        db.insertRow("Utenti", {{"ID_Utente", Value(9)}, {"NomeUtente", Value("Dott. Bruni")},
+                                {"LivelloRiservatezza", Value(1)}, {"TitContabilita", Value(false)}});
+        db.exec("INSERT INTO RelGruppiUtenti (Fk_Id_Utente, Fk_Gruppo) VALUES (5, 'Civile');"
+                "INSERT INTO RelGruppiUtenti (Fk_Id_Utente, Fk_Gruppo) VALUES (9, 'Civile');"
+                "INSERT INTO RelGruppiUtenti (Fk_Id_Utente, Fk_Gruppo) VALUES (5, 'Tutti');");
+        db.exec("INSERT INTO MultiIntesta (ID_Multi, ID_Pra, IsCliente) VALUES (1, 7, 'True');"
+                "INSERT INTO MultiIntesta (ID_Multi, ID_Pra, IsCliente) VALUES (2, 7, 'True');"
+                "INSERT INTO MultiIntesta (ID_Multi, ID_Pra, IsCliente) VALUES (3, 7, 'False');");
+        db.insertRow("Anagrafica", {{"ID_Ana", Value(1)}, {"IsFisicaGiuridica", Value(true)}});
+        db.insertRow("Anagrafica", {{"ID_Ana", Value(2)}, {"IsFisicaGiuridica", Value(false)}});
+        db.insertRow("Fatture", {{"ID_Fattura", Value(4)}, {"ResiduoASaldo", money("1250.5")}});
+    }
+
+    DispatchResult call(const std::string& progId, const std::string& method, std::vector<Value> args = {})
+    {
+        return CreateObject(progId)->invoke(method, args);
+    }
+
+    TestDatabase db;
+};
+
+TEST(LateBoundRegistry, ListsTheSixClassesUnderTheirProgrammaticNames)
+{
+    EXPECT_EQ(registeredProgIds(),
+              (std::vector<std::string>{"AvlorLogic.ClsParcella", "AvlorLogic.clsUtenti", "AvlorLogic.clsPratica",
+                                        "AvlorLogic.clsDataBase", "AvlorLogic.clsAnagrafica",
+                                        "AvlorLogic.clsFatture"}));
+}
+
+TEST(LateBoundRegistry, EachClassOffersItsOperationsInDeclarationOrder)
+{
+    const std::vector<std::pair<std::string, std::vector<std::string>>> expected = {
+        {"AvlorLogic.ClsParcella", {"ShowDialogParcellazione", "CalcolaTariffa"}},
+        {"AvlorLogic.clsUtenti",
+         {"GetSqlRiservatezza", "GetLivelloRiservatezza", "GetGruppiUtente", "GetUtentiDelGruppo",
+          "GetSqlFiltroPratiche", "IsUtenteContabilita", "UtenteInGruppo", "GetIdOfCurrentUser",
+          "GetSqlFiltroAnagrafiche"}},
+        {"AvlorLogic.clsPratica", {"QuantiClientiPerPratica", "QuanteControPartiPerPratica"}},
+        {"AvlorLogic.clsDataBase", {"VersioneMdb"}},
+        {"AvlorLogic.clsAnagrafica", {"IsSoggettoGiuridico"}},
+        {"AvlorLogic.clsFatture", {"GetResiduoFattura"}},
+    };
+    for (const auto& [progId, methods] : expected) {
+        auto object = CreateObject(progId);
+        EXPECT_EQ(object->progId(), progId);
+        EXPECT_EQ(object->methodNames(), methods) << progId;
+    }
+}
+
+TEST(LateBoundRegistry, NamesAreMatchedWithoutRegardToLetterCase)
+{
+    EXPECT_EQ(CreateObject("avlorlogic.CLSUTENTI")->progId(), "AvlorLogic.clsUtenti");
+}
+
+TEST(LateBoundRegistry, AnUnknownClassIsAClearError)
+{
+    EXPECT_EQ(errorOf([] { (void)CreateObject("AvlorLogic.clsNessuna"); }),
+              "No class is registered under the name 'AvlorLogic.clsNessuna'");
+    EXPECT_EQ(errorOf([] { (void)CreateObject(""); }), "No class is registered under the name ''");
+}
+
+TEST(LateBoundRegistry, AnUnknownOperationOrAWrongArgumentCountIsAClearError)
+{
+    auto utenti = CreateObject("AvlorLogic.clsUtenti");
+    std::vector<Value> none;
+    std::vector<Value> two{Value(1), Value(2)};
+    EXPECT_EQ(errorOf([&] { utenti->invoke("Elimina", none); }),
+              "The class AvlorLogic.clsUtenti has no operation named 'Elimina'");
+    EXPECT_EQ(errorOf([&] { utenti->invoke("GetLivelloRiservatezza", two); }),
+              "AvlorLogic.clsUtenti.GetLivelloRiservatezza takes 1 argument(s), 2 given");
+}
+
+TEST_F(LateBoundTest, CalcolaTariffaWritesTheBandBackIntoTheArguments)
+{
+    // Out-of-court item 10 at 5,200 euro: band 156-312, halfway 234.
+    std::vector<Value> args{money("5200"), Value(50), Value("OnorariStrag2004Euro"), Value(false), Value(10),
+                            Value(0),      Value(0),  Value(0),                      Value(0),     Value("")};
+    auto parcella = CreateObject("AvlorLogic.ClsParcella");
+    const DispatchResult r = parcella->invoke("calcolatariffa", args);
+    EXPECT_EQ(valueOf(r).asCurrency().toFixed4(), "234.0000");
+    EXPECT_EQ(args[5].asCurrency().toFixed4(), "156.0000");
+    EXPECT_EQ(args[6].asCurrency().toFixed4(), "312.0000");
+    EXPECT_EQ(args[7].asCurrency().toFixed4(), "0.0000");
+    EXPECT_EQ(args[8].asCurrency().toFixed4(), "0.0000");
+    EXPECT_EQ(args[0].asCurrency().toFixed4(), "5200.0000");
+    EXPECT_EQ(args[2].asText(), "OnorariStrag2004Euro");
+}
+
+TEST_F(LateBoundTest, CalcolaTariffaTakesTextsThatReadAsNumbers)
+{
+    std::vector<Value> args{Value("5200"), Value("50"), Value(" onorariStrag2004euro "), Value("0"), Value("10"),
+                            Value("0"),    Value("0"),  Value("0"),                      Value("0"), Value("")};
+    const DispatchResult r = CreateObject("AvlorLogic.ClsParcella")->invoke("CalcolaTariffa", args);
+    EXPECT_EQ(valueOf(r).asCurrency().toFixed4(), "234.0000");
+    EXPECT_EQ(args[6].asCurrency().toFixed4(), "312.0000");
+}
+
+TEST_F(LateBoundTest, CalcolaTariffaWithNothingToProposeShowsTheMessageAndAnswersZero)
+{
+    ScopedMessageRecorder messages;
+    std::vector<Value> args{money("1000"), Value(50), Value("TabellaInesistente"), Value(false), Value(1),
+                            money("7"),    money("8"), money("9"),                 money("10"),  Value("")};
+    const DispatchResult r = CreateObject("AvlorLogic.ClsParcella")->invoke("CalcolaTariffa", args);
+    EXPECT_EQ(valueOf(r).asCurrency().toFixed4(), "0.0000");
+    // An unknown table sets no output: the caller's values stay.
+    EXPECT_EQ(args[5].asCurrency().toFixed4(), "7.0000");
+    EXPECT_EQ(args[8].asCurrency().toFixed4(), "10.0000");
+    ASSERT_EQ(messages.recorder().shown().size(), 1u);
+    EXPECT_EQ(messages.recorder().shown()[0].text,
+              " codice <> non previsto per una pratica di questo valore.\rNessun valore proposto.");
+    EXPECT_EQ(messages.recorder().shown()[0].title, "Attenzione");
+}
+
+TEST_F(LateBoundTest, CalcolaTariffaRefusesANullAmountBeforePricing)
+{
+    std::vector<Value> args{Value::null(), Value(50), Value("OnorariStrag2004Euro"), Value(false), Value(10),
+                            Value(0),      Value(0),  Value(0),                      Value(0),     Value("")};
+    auto parcella = CreateObject("AvlorLogic.ClsParcella");
+    EXPECT_THROW(parcella->invoke("CalcolaTariffa", args), ValueError);
+}
+
+TEST_F(LateBoundTest, ShowDialogParcellazioneSaysTheDialogIsNotAvailable)
+{
+    std::vector<Value> args{Value(1), Value("Rossi / Bianchi"), Value("Atto di citazione"),
+                            Value(Date::fromYmd(2025, 3, 10))};
+    auto parcella = CreateObject("AvlorLogic.ClsParcella");
+    EXPECT_THROW(parcella->invoke("ShowDialogParcellazione", args), Error);
+}
+
+TEST_F(LateBoundTest, UsersOperationsWithNumbersTextsAndNull)
+{
+    EXPECT_EQ(valueOf(call("AvlorLogic.clsUtenti", "GetSqlRiservatezza", {Value(5)})).asText(), "(0,5,9)");
+    EXPECT_EQ(valueOf(call("AvlorLogic.clsUtenti", "GetSqlRiservatezza", {Value("5")})).asText(), "(0,5,9)");
+    EXPECT_EQ(valueOf(call("AvlorLogic.clsUtenti", "GetLivelloRiservatezza", {Value(5)})).asLong(), 2);
+    // A null id makes the statement fail; the level falls back to 1.
+    EXPECT_EQ(valueOf(call("AvlorLogic.clsUtenti", "GetLivelloRiservatezza", {Value::null()})).asLong(), 1);
+
+    const Collection groups = std::get<Collection>(call("AvlorLogic.clsUtenti", "GetGruppiUtente", {Value(5)}));
+    ASSERT_EQ(groups.Count(), 2u);
+    EXPECT_EQ(groups.Item(1).asText(), "Civile");
+    EXPECT_EQ(groups.Item(2).asText(), "Tutti");
+
+    const Collection members =
+        std::get<Collection>(call("AvlorLogic.clsUtenti", "GetUtentiDelGruppo", {Value("Civile")}));
+    ASSERT_EQ(members.Count(), 2u);
+    EXPECT_EQ(members.Item(1).toLong(), 5);
+    EXPECT_EQ(members.Item(2).toLong(), 9);
+
+    EXPECT_EQ(valueOf(call("AvlorLogic.clsUtenti", "GetSqlFiltroPratiche", {Value(5)})).asText(),
+              "((Id_Riservata IN (0,5))  AND (fk_Gruppo IS NULL))  OR ((Id_Riservata=0) AND (fk_Gruppo IN "
+              "('Civile')))");
+    EXPECT_EQ(valueOf(call("AvlorLogic.clsUtenti", "GetSqlFiltroAnagrafiche", {Value("9")})).asText(),
+              "(IdRiservata IN (0,9) OR (fkGruppo  IN ('Civile')))");
+    EXPECT_TRUE(valueOf(call("AvlorLogic.clsUtenti", "IsUtenteContabilita", {Value(5)})).asBoolean());
+    EXPECT_FALSE(valueOf(call("AvlorLogic.clsUtenti", "IsUtenteContabilita", {Value::null()})).asBoolean());
+    EXPECT_TRUE(valueOf(call("AvlorLogic.clsUtenti", "UtenteInGruppo", {Value(9), Value("Civile")})).asBoolean());
+    EXPECT_FALSE(valueOf(call("AvlorLogic.clsUtenti", "UtenteInGruppo", {Value(9), Value("Tutti")})).asBoolean());
+    // The filters raise a failure while reading the groups to the caller.
+    EXPECT_THROW(call("AvlorLogic.clsUtenti", "GetSqlFiltroPratiche", {Value::null()}), DataError);
+}
+
+TEST_F(LateBoundTest, CountsAddOneAndLetErrorsThrough)
+{
+    EXPECT_EQ(valueOf(call("AvlorLogic.clsPratica", "QuantiClientiPerPratica", {Value(7)})).asLong(), 3);
+    EXPECT_EQ(valueOf(call("AvlorLogic.clsPratica", "QuantiClientiPerPratica", {Value("7")})).asLong(), 3);
+    EXPECT_EQ(valueOf(call("AvlorLogic.clsPratica", "QuanteControPartiPerPratica", {Value(7)})).asLong(), 2);
+    EXPECT_EQ(valueOf(call("AvlorLogic.clsPratica", "QuantiClientiPerPratica", {Value(8)})).asLong(), 1);
+    EXPECT_THROW(call("AvlorLogic.clsPratica", "QuantiClientiPerPratica", {Value::null()}), DataError);
+}
+
+TEST_F(LateBoundTest, VersionPersonAndInvoice)
+{
+    EXPECT_EQ(valueOf(call("AvlorLogic.clsDataBase", "VersioneMdb")).toLong(), 1);
+    EXPECT_FALSE(valueOf(call("AvlorLogic.clsAnagrafica", "IsSoggettoGiuridico", {Value(1)})).toBool());
+    EXPECT_TRUE(valueOf(call("AvlorLogic.clsAnagrafica", "IsSoggettoGiuridico", {Value("2")})).toBool());
+    EXPECT_FALSE(valueOf(call("AvlorLogic.clsAnagrafica", "IsSoggettoGiuridico", {Value::null()})).toBool());
+    EXPECT_EQ(valueOf(call("AvlorLogic.clsFatture", "GetResiduoFattura", {Value(4)})).asCurrency().toFixed4(),
+              "1250.5000");
+    EXPECT_TRUE(valueOf(call("AvlorLogic.clsFatture", "GetResiduoFattura", {Value(99)})).isEmpty());
+    EXPECT_THROW(call("AvlorLogic.clsFatture", "GetResiduoFattura", {Value::null()}), DataError);
+}
+
+TEST_F(LateBoundTest, AnObjectKeepsNoStateBetweenCalls)
+{
+    // The same object answers from whatever database is current at each call.
+    auto pratica = CreateObject("AvlorLogic.clsPratica");
+    std::vector<Value> args{Value(7)};
+    EXPECT_EQ(valueOf(pratica->invoke("QuantiClientiPerPratica", args)).asLong(), 3);
+    {
+        TestDatabase other;
+        EXPECT_EQ(valueOf(pratica->invoke("QuantiClientiPerPratica", args)).asLong(), 1);
+    }
+    EXPECT_EQ(valueOf(pratica->invoke("QuantiClientiPerPratica", args)).asLong(), 3);
+}
+
+} // namespace
+} // namespace avlor
