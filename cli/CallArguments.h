@@ -1,0 +1,19 @@
+#pragma once
+// The words of `avlor call PROGID METHOD [ARG...]` turned into loosely typed
+// arguments: a whole number becomes a 32-bit number (a double when it does
+// not fit), a decimal number with a point a double, the word null a null,
+// any other word a text; `--text WORD` keeps WORD as text whatever it looks
+// like.
+#include <string>
+#include <vector>
+
+#include "avlor/core/Value.h"
+
+namespace avlor::cli {
+
+[[nodiscard]] Value argumentFromWord(const std::string& word);
+// Reads the argument words (with their --text markers); raises
+// std::invalid_argument when --text has no word after it.
+[[nodiscard]] std::vector<Value> argumentsFromWords(const std::vector<std::string>& words);
+
+} // namespace avlor::cli

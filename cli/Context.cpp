@@ -1,0 +1,67 @@
+#include "Context.h"
+
+#include <filesystem>
+#include <ostream>
+
+#include "JsonValue.h"
+#include "avlor/data/DataError.h"
+#include "avlor/data/Database.h"
+#include "avlor/data/clsValoreSql.h"
+
+namespace avlor::cli {
+
+bool isServerLocation(const std::string& location)
+{
+    return location.rfind("postgresql://", 0) == 0 || location.rfind("postgres://", 0) == 0;
+}
+
+// The file behind a SQLite location: a plain path, or the path part of a
+// "file:" URI.
+std::string sqliteFile(const std::string& location)
+{
+    if (location.rfind("file:", 0) != 0)
+        return location;
+    std::string path = location.substr(5);
+    if (path.rfind("//", 0) == 0)
+        path = path.substr(2);
+    if (auto q = path.find('?'); q != std::string::npos)
+        path.resize(q);
+    return path;
+}
+
+std::string Context::location() const
+{
+    if (!database.empty())
+        return database;
+    setCurrentDatabase("");
+    return currentDatabase();
+}
+
+void Context::selectDatabase() const { setCurrentDatabase(location()); }
+
+void Context::openPracticeDatabase() const
+{
+    const std::string where = location();
+    if (!isServerLocation(where)) {
+        const std::string file = sqliteFile(where);
+        if (file != ":memory:" && !std::filesystem::exists(file))
+            throw CommandError("no practice database at " + where + " (create one with: avlor db init " + where +
+                               ")");
+    }
+    setCurrentDatabase(where);
+    try {
+        (void)clsValoreSql::instance().ValoreSql("SELECT Versione FROM Versioni");
+    } catch (const DataError& e) {
+        throw CommandError(where + " is not a practice database (" + e.what() + ")");
+    }
+}
+
+void Context::printResult(const DispatchResult& result) const
+{
+    if (json)
+        *out << nlohmann::ordered_json{{"risultato", toJson(result)}}.dump() << '\n';
+    else
+        *out << toPlainText(result) << '\n';
+}
+
+} // namespace avlor::cli

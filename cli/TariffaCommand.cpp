@@ -1,0 +1,84 @@
+#include "TariffaCommand.h"
+
+#include <algorithm>
+#include <ostream>
+
+#include "avlor/component/ClsParcella.h"
+#include "avlor/core/Error.h"
+#include "avlor/core/Messages.h"
+#include "avlor/data/tariffe/FeeTables.h"
+
+namespace avlor::cli {
+
+namespace {
+
+struct TariffaOptions {
+    std::string tabella;
+    std::int32_t id = 0;
+    std::string valore;
+    std::int16_t rilevanza = 0;
+    bool indeterminato = false;
+    std::string autorita;
+};
+
+} // namespace
+
+void addTariffaCommand(CLI::App& app, Context& context)
+{
+    auto options = std::make_shared<TariffaOptions>();
+    auto* command = app.add_subcommand(
+        "tariffa", "Price one fee item as ClsParcella.CalcolaTariffa does: the proposed amount (importo), the band "
+                   "(MinTar, MaxTar) and the extraordinary band (MinS, MaxS)");
+    command->add_option("--tabella", options->tabella, "Fee table, e.g. Diritti2004Euro, Onorari94, OnorariPenali2004Euro")
+        ->required();
+    command->add_option("--id", options->id, "Id of the item in the table (see: avlor tariffe elenca)")->required();
+    command->add_option("--valore", options->valore, "Value of the case in the table's unit, point as decimal separator")
+        ->required();
+    command->add_option("--rilevanza", options->rilevanza, "Importance, 0 (minimum) to 100 (maximum)")->required();
+    command->add_flag("--indeterminato", options->indeterminato, "The value of the case is indeterminate");
+    command->add_option("--autorita", options->autorita, "Authority, for criminal fees (e.g. \"Tribunale\")");
+
+    command->callback([&context, options] {
+        Currency valore;
+        try {
+            valore = Currency::fromText(options->valore);
+        } catch (const Error&) {
+            throw CommandError("--valore: '" + options->valore + "' is not a number (use a point as decimal separator)");
+        }
+        std::string tabella(requireFeeTable(options->tabella).name);
+        context.openPracticeDatabase();
+
+        std::int16_t rilevanza = options->rilevanza;
+        std::int16_t bInd = options->indeterminato ? std::int16_t{-1} : std::int16_t{0};
+        std::int32_t id = options->id;
+        std::string autorita = options->autorita;
+        Currency minTar, maxTar, minS, maxS;
+
+        ScopedMessageRecorder messages;
+        const Currency importo = ClsParcella().CalcolaTariffa(valore, rilevanza, tabella, bInd, id, minTar, maxTar,
+                                                              minS, maxS, autorita);
+        const auto& shown = messages.recorder().shown();
+        const nlohmann::ordered_json messaggio = shown.empty() ? nlohmann::ordered_json(nullptr) : nlohmann::ordered_json(shown.back().text);
+
+        if (context.json) {
+            *context.out << nlohmann::ordered_json{{"importo", importo.toFixed4()}, {"MinTar", minTar.toFixed4()},
+                                           {"MaxTar", maxTar.toFixed4()},   {"MinS", minS.toFixed4()},
+                                           {"MaxS", maxS.toFixed4()},       {"messaggio", messaggio}}
+                                .dump()
+                         << '\n';
+            return;
+        }
+        *context.out << "importo " << importo.toFixed4() << '\n'
+                     << "MinTar  " << minTar.toFixed4() << '\n'
+                     << "MaxTar  " << maxTar.toFixed4() << '\n'
+                     << "MinS    " << minS.toFixed4() << '\n'
+                     << "MaxS    " << maxS.toFixed4() << '\n';
+        for (const auto& m : shown) {
+            std::string text = m.text;
+            std::replace(text.begin(), text.end(), '\r', '\n');
+            *context.out << m.title << ": " << text << '\n';
+        }
+    });
+}
+
+} // namespace avlor::cli

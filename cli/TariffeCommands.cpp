@@ -1,0 +1,93 @@
+#include "TariffeCommands.h"
+
+#include <fstream>
+#include <memory>
+#include <ostream>
+
+#include "avlor/data/tariffe/FeeTables.h"
+#include "avlor/data/tariffe/TariffExport.h"
+#include "avlor/data/tariffe/TariffImport.h"
+#include "avlor/data/tariffe/TariffListing.h"
+
+namespace avlor::cli {
+
+namespace {
+
+struct TariffeOptions {
+    std::string tabella;
+    std::string file;
+    std::string output;
+};
+
+} // namespace
+
+void addTariffeCommands(CLI::App& app, Context& context)
+{
+    auto* tariffe = app.add_subcommand("tariffe", "The official fee tables of the practice database");
+    tariffe->require_subcommand(1);
+    auto options = std::make_shared<TariffeOptions>();
+
+    auto* elenca = tariffe->add_subcommand(
+        "elenca", "List the items of a fee table (Id, code, description) and count those with amounts");
+    elenca->add_option("--tabella", options->tabella, "Fee table, e.g. Onorari2004Euro")->required();
+    elenca->callback([&context, options] {
+        const FeeTable table = requireFeeTable(options->tabella);
+        context.openPracticeDatabase();
+        const auto items = listTariffItems(table.name);
+        const TariffCount count = countTariffItems(table.name);
+        if (context.json) {
+            auto list = nlohmann::ordered_json::array();
+            for (const auto& item : items)
+                list.push_back({{"Id", item.id}, {"CodiceTariffa", item.code}, {"Azione", item.description},
+                                {"conImporti", item.priced}});
+            *context.out << nlohmann::ordered_json{{"risultato",
+                                            {{"tabella", table.name}, {"voci", list}, {"conImporti", count.priced}}}}
+                                .dump()
+                         << '\n';
+            return;
+        }
+        for (const auto& item : items)
+            *context.out << item.id << '\t' << item.code << '\t' << item.description << '\n';
+        *context.out << count.items << " items, " << count.priced << " with amounts\n";
+    });
+
+    auto* importa = tariffe->add_subcommand(
+        "importa", "Load a complete official fee table from a CSV file (header row naming the table's columns; "
+                   "Italian or point decimals; amounts in the table's unit). The whole file is checked first and "
+                   "written in one transaction: a file with one bad line changes nothing");
+    importa->add_option("--tabella", options->tabella, "Fee table, e.g. Diritti2004Euro")->required();
+    importa->add_option("FILE", options->file, "The CSV file")->required();
+    importa->callback([&context, options] {
+        const FeeTable table = requireFeeTable(options->tabella);
+        context.openPracticeDatabase();
+        const TariffImportResult result = importTariffFile(table.name, options->file);
+        if (context.json)
+            *context.out << nlohmann::ordered_json{{"risultato", {{"tabella", result.table},
+                                                          {"aggiunte", result.added},
+                                                          {"sostituite", result.replaced}}}}
+                                .dump()
+                         << '\n';
+        else
+            *context.out << result.table << ": " << result.added << " items added, " << result.replaced
+                         << " replaced\n";
+    });
+
+    auto* esporta = tariffe->add_subcommand(
+        "esporta", "Write a fee table as a CSV file in the form that importa reads back unchanged");
+    esporta->add_option("--tabella", options->tabella, "Fee table, e.g. Onorari2004Euro")->required();
+    esporta->add_option("--output,-o", options->output, "Write to this file instead of the standard output");
+    esporta->callback([&context, options] {
+        const FeeTable table = requireFeeTable(options->tabella);
+        context.openPracticeDatabase();
+        const std::string text = exportTariffText(table.name);
+        if (options->output.empty()) {
+            *context.out << text;
+            return;
+        }
+        std::ofstream file(options->output, std::ios::binary | std::ios::trunc);
+        if (!file || !(file << text) || !file.flush())
+            throw CommandError("cannot write " + options->output);
+    });
+}
+
+} // namespace avlor::cli

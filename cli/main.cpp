@@ -1,0 +1,49 @@
+// avlor: the AvlorLogic component from the shell, for a firm's administrator,
+// a host developer and the project's own tests.
+#include <cstdlib>
+#include <iostream>
+
+#include <CLI/CLI.hpp>
+
+#include "CallCommand.h"
+#include "Context.h"
+#include "DbCommands.h"
+#include "QueryCommands.h"
+#include "TariffaCommand.h"
+#include "TariffeCommands.h"
+
+int main(int argc, char** argv)
+{
+    avlor::cli::Context context;
+    context.out = &std::cout;
+
+    CLI::App app{"avlor: price legal work from the Italian lawyers' fee tables, ask the practice database's "
+                 "questions, and call the AvlorLogic component's public classes."};
+    app.require_subcommand(1);
+    app.fallthrough();
+    app.add_option("--db", context.database,
+                   "Practice database: a path, a file: URI or a postgresql:// URI "
+                   "(default: $AVLOR_DB, else ~/.local/share/avlor/avlor.db)");
+    app.add_flag("--json", context.json, "Print results as JSON");
+
+    avlor::cli::addDbCommands(app, context);
+    avlor::cli::addTariffaCommand(app, context);
+    avlor::cli::addTariffeCommands(app, context);
+    avlor::cli::addQueryCommands(app, context);
+    avlor::cli::addCallCommand(app, context);
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& e) {
+        return app.exit(e);
+    } catch (const std::exception& e) {
+        std::string message = e.what();
+        for (char& c : message) {
+            if (c == '\n' || c == '\r')
+                c = ' ';
+        }
+        std::cerr << "avlor: error: " << message << '\n';
+        return EXIT_FAILURE;
+    }
+    return EXIT_SUCCESS;
+}
