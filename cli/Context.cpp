@@ -47,6 +47,11 @@ void Context::openPracticeDatabase() const
         if (file != ":memory:" && !std::filesystem::exists(file))
             throw CommandError("no practice database at " + where + " (create one with: avlor db init " + where +
                                ")");
+        // An empty file would be turned into an empty database by opening it;
+        // it is refused untouched instead.
+        std::error_code sizeError;
+        if (file != ":memory:" && std::filesystem::file_size(file, sizeError) == 0 && !sizeError)
+            throw CommandError(where + " is not a practice database (the file is empty)");
     }
     setCurrentDatabase(where);
     try {
