@@ -214,6 +214,16 @@ TEST_F(PracticeTest, RejectedStatements) {
     expectRejected("DELETE FROM Azioni", "Not a query");
 }
 
+TEST_F(PracticeTest, ErrorsCarryTheDriverCode) {
+    try {
+        clsAccessoDati().Apri("SELEC * FROM Azioni", 0, 1, -1);
+        FAIL();
+    } catch (const DataError& error) {
+        EXPECT_EQ(error.driverCode(), "1"); // SQLITE_ERROR
+        EXPECT_EQ(std::string(error.what()), "near \"SELEC\": syntax error [SELEC * FROM Azioni]");
+    }
+}
+
 TEST_F(PracticeTest, SecondStatementNeverRuns) {
     clsAccessoDati data;
     EXPECT_THROW(data.Apri("SELECT * FROM Azioni WHERE IdAzione = 1; DELETE FROM Azioni", 0, 1, -1), DataError);

@@ -12,8 +12,9 @@
 //     are (preferred). It returns the new row's first field, which is the
 //     generated key of every table that has one (IdAzione, ID_Utente...).
 //   - exec("INSERT ...; UPDATE ...") runs SQL text, several statements
-//     allowed, all or none, each through the SQLite dialect (so
-//     CONVERT (SMALLDATETIME,'02/06/2004', 105) and bare true/false work).
+//     allowed, all or none (so no BEGIN/COMMIT of its own), each through the
+//     SQLite dialect (so CONVERT (SMALLDATETIME,'02/06/2004', 105) and bare
+//     true/false work).
 //     In raw SQL an amount (CURRENCY column) is written in ten-thousandths:
 //     12.5 euro is 125000 (amount("12.5") gives that text); a date is
 //     'YYYY-MM-DD'; yes/no is 'True' or 'False' (any case).
