@@ -145,8 +145,9 @@ CREATE TABLE VociParcellaBase (
 CREATE INDEX VociParcellaBase_Parcella ON VociParcellaBase (IdParcellaBase, NOrdine);
 
 -- Official fee tables, read only by the application. Id is the official item
--- id, given by whoever loads the table (never generated). Amounts missing
--- from the sources are left NULL by the loader rather than guessed.
+-- id, given by whoever loads the table (never generated). An amount the
+-- official table does not give stays 0, the default, so that the engine
+-- proposes nothing for it instead of a guessed figure.
 -- Rights: one amount per value bracket, and the band of an indeterminate value.
 
 CREATE TABLE Diritti94 (
