@@ -3,8 +3,7 @@
 #include <iostream>
 #include <vector>
 
-#include <avlor/component/ClsParcella.h>
-#include <avlor/component/LateBound.h>
+#include <avlor/Avlor.h>
 
 int main()
 {

@@ -19,7 +19,7 @@ struct Locale {
     [[nodiscard]] static Locale unitedStates();
     // Neutral: "," and "." with day-first dates.
     [[nodiscard]] static Locale neutral();
-    // From LC_ALL, LC_NUMERIC/LC_TIME or LANG: an "it" language gives the
+    // From LC_ALL, then LC_NUMERIC, then LANG: an "it" language gives the
     // Italian conventions, "en_US" the United States ones, any other the
     // neutral form.
     [[nodiscard]] static Locale fromEnvironment();
