@@ -6,6 +6,7 @@
 
 #include "Amounts.h"
 #include "BracketTest.h"
+#include "ByEdition.h"
 #include "avlor/engine/Brackets.h"
 
 namespace avlor {
@@ -92,15 +93,7 @@ constexpr std::array<CivilBracketRow, 13> Euro2004{{
 
 std::span<const CivilBracketRow> bracketsOf(Edition edition)
 {
-    switch (edition) {
-    case Edition::Lire94:
-        return Lire94;
-    case Edition::Euro94:
-        return Euro94;
-    case Edition::Euro2004:
-        break;
-    }
-    return Euro2004;
+    return byEdition<std::span<const CivilBracketRow>>(edition, Lire94, Euro94, Euro2004);
 }
 
 // A bracket that holds overwrites the word; the flag, once set, stays set.

@@ -2,6 +2,7 @@
 // per value bracket with its extraordinary band, or a band for an
 // indeterminate value.
 #include "Amounts.h"
+#include "ByEdition.h"
 #include "FeeRow.h"
 #include "FixedItem.h"
 #include "Sections.h"
@@ -51,15 +52,7 @@ const CivilRules& rulesOf(Edition edition)
         AboveLastBracket::ComputeRatioOnly, 2'582'284.5};
     static const CivilRules Euro2004{{FixedCivilItem, euro(10), euro(30), euro(10), euro(30)}, false,
                                      AboveLastBracket::UseOwnColumns, 0.0};
-    switch (edition) {
-    case Edition::Lire94:
-        return Lire94;
-    case Edition::Euro94:
-        return Euro94;
-    case Edition::Euro2004:
-        break;
-    }
-    return Euro2004;
+    return byEdition(edition, Lire94, Euro94, Euro2004);
 }
 
 // Reads a band pair; when both are positive sets the band and the

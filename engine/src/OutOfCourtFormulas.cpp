@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "BracketTest.h"
+#include "ByEdition.h"
 #include "OutOfCourtEditions.h"
 #include "avlor/engine/AmountMath.h"
 #include "avlor/engine/ArrotondaLire.h"
@@ -76,15 +77,9 @@ std::optional<FeeBand> bandOf(Edition edition, const OutOfCourtEditionTable& tab
 
 const OutOfCourtEditionTable& outOfCourtTable(Edition edition)
 {
-    switch (edition) {
-    case Edition::Lire94:
-        return outOfCourtLire94();
-    case Edition::Euro94:
-        return outOfCourtEuro94();
-    case Edition::Euro2004:
-        break;
-    }
-    return outOfCourtEuro2004();
+    // Only the chosen edition's table is built.
+    using TableOfEdition = const OutOfCourtEditionTable& (*)();
+    return byEdition<TableOfEdition>(edition, outOfCourtLire94, outOfCourtEuro94, outOfCourtEuro2004)();
 }
 
 std::optional<FeeBand> percentageBand(Edition edition, Currency v)

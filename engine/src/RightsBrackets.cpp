@@ -6,6 +6,7 @@
 
 #include "Amounts.h"
 #include "BracketTest.h"
+#include "ByEdition.h"
 #include "avlor/engine/Brackets.h"
 
 namespace avlor {
@@ -77,15 +78,7 @@ constexpr std::array<RightsBracket, 13> Euro2004{{
 
 std::span<const RightsBracket> bracketsOf(Edition edition)
 {
-    switch (edition) {
-    case Edition::Lire94:
-        return Lire94;
-    case Edition::Euro94:
-        return Euro94;
-    case Edition::Euro2004:
-        break;
-    }
-    return Euro2004;
+    return byEdition<std::span<const RightsBracket>>(edition, Lire94, Euro94, Euro2004);
 }
 
 } // namespace

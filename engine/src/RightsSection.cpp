@@ -1,6 +1,7 @@
 // The rights family (Diritti94, Diritti94Euro, Diritti2004Euro): one amount
 // per value bracket, or a band for an indeterminate value.
 #include "Amounts.h"
+#include "ByEdition.h"
 #include "FeeRow.h"
 #include "FixedItem.h"
 #include "Sections.h"
@@ -33,15 +34,7 @@ const RightsRules& rulesOf(Edition edition)
     // falls from 29.80 to 10.20. Proposals already issued were made so, and
     // the item is kept as it stands.
     static const RightsRules Euro2004{{391, euro(30), euro(10), euro(10), euro(30)}, false, true};
-    switch (edition) {
-    case Edition::Lire94:
-        return Lire94;
-    case Edition::Euro94:
-        return Euro94;
-    case Edition::Euro2004:
-        break;
-    }
-    return Euro2004;
+    return byEdition(edition, Lire94, Euro94, Euro2004);
 }
 
 } // namespace
