@@ -55,34 +55,31 @@ const CivilRules& rulesOf(Edition edition)
     return byEdition(edition, Lire94, Euro94, Euro2004);
 }
 
+// The extraordinary band, taken as stored: an empty column fails.
+void readExtraordinaryBand(FeeRow& row, TariffOutputs& out)
+{
+    out.MinS = row.amount("MINSTRAORDIMP").toCurrency();
+    out.MaxS = row.amount("MAXSTRAORDIMP").toCurrency();
+}
+
 // Reads a band pair; when both are positive sets the band and the
 // extraordinary band and proposes by relevance.
 void priceFromPair(FeeRow& row, const std::string& minColumn, const std::string& maxColumn,
                    const TariffRequest& request, TariffOutputs& out, SectionOutcome& outcome)
 {
-    const Value minimum = row.amount(minColumn);
-    const Value maximum = row.amount(maxColumn);
-    if (!isPositive(minimum) || !isPositive(maximum))
+    if (!readPositiveBand(row, minColumn, maxColumn, out.MinTar, out.MaxTar))
         return;
-    out.MinTar = minimum.toCurrency();
-    out.MaxTar = maximum.toCurrency();
-    out.MinS = row.amount("MINSTRAORDIMP").toCurrency();
-    out.MaxS = row.amount("MAXSTRAORDIMP").toCurrency();
+    readExtraordinaryBand(row, out);
     outcome.result = proposalByRelevance(out.MinTar, out.MaxTar, request.vRil);
 }
 
 void priceAboveLastBracket(FeeRow& row, const std::string& word, const CivilRules& rules,
                            const TariffRequest& request, TariffOutputs& out, SectionOutcome& outcome)
 {
-    const Value minimum = row.amount(word + "MIN");
-    const Value maximum = row.amount(word + "MAX");
-    if (!isPositive(minimum) || !isPositive(maximum))
+    if (!readPositiveBand(row, word + "MIN", word + "MAX", out.MinTar, out.MaxTar))
         return;
-    out.MinTar = minimum.toCurrency();
-    out.MaxTar = maximum.toCurrency();
     if (rules.aboveLast != AboveLastBracket::UseOwnColumns) {
-        out.MinS = row.amount("MINSTRAORDIMP").toCurrency();
-        out.MaxS = row.amount("MAXSTRAORDIMP").toCurrency();
+        readExtraordinaryBand(row, out);
         const Currency ratio = Currency::fromDouble(request.cValore.toDouble() / rules.topBound);
         if (rules.aboveLast == AboveLastBracket::ScaleBand) {
             out.MinTar = ArrotondaLire(currencyProduct(ratio, out.MinTar));

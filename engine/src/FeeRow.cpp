@@ -16,4 +16,16 @@ std::string FeeRow::text(const std::string& column) { return data_.Campo(column,
 
 bool isPositive(const Value& column) { return column.numberLenient() > 0.0; }
 
+bool readPositiveBand(FeeRow& row, const std::string& minColumn, const std::string& maxColumn, Currency& MinTar,
+                      Currency& MaxTar)
+{
+    const Value minimum = row.amount(minColumn);
+    const Value maximum = row.amount(maxColumn);
+    if (!isPositive(minimum) || !isPositive(maximum))
+        return false;
+    MinTar = minimum.toCurrency();
+    MaxTar = maximum.toCurrency();
+    return true;
+}
+
 } // namespace avlor

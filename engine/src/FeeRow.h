@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "avlor/core/Currency.h"
 #include "avlor/core/Value.h"
 #include "avlor/data/clsAccessoDati.h"
 
@@ -29,5 +30,11 @@ private:
 // The lenient reading of a column as a number (the leading number of its
 // text; empty, null or non-numeric text counts as 0) is above 0.
 [[nodiscard]] bool isPositive(const Value& column);
+
+// Reads a band from its two columns, lower first. When both are positive
+// writes it to MinTar and MaxTar (in that order) and answers true; otherwise
+// writes nothing.
+[[nodiscard]] bool readPositiveBand(FeeRow& row, const std::string& minColumn, const std::string& maxColumn,
+                                    Currency& MinTar, Currency& MaxTar);
 
 } // namespace avlor

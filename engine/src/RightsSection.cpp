@@ -72,11 +72,7 @@ SectionOutcome rightsSection(const FeeTable& table, const TariffRequest& request
             out.MaxS = Currency{};
         }
     } else if (request.bInd == StoredTrue) {
-        const Value minimum = row.amount("VALOREINDETMIN");
-        const Value maximum = row.amount("VALOREINDETMAX");
-        if (isPositive(minimum) && isPositive(maximum)) {
-            out.MinTar = minimum.toCurrency();
-            out.MaxTar = maximum.toCurrency();
+        if (readPositiveBand(row, "VALOREINDETMIN", "VALOREINDETMAX", out.MinTar, out.MaxTar)) {
             if (request.vRil == 0) {
                 outcome.result = out.MinTar;
             } else if (request.vRil == 100) {
