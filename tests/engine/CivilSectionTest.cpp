@@ -8,6 +8,7 @@
 
 #include "BracketBounds.h"
 #include "EngineCall.h"
+#include "EngineExpect.h"
 #include "FeeRowFixture.h"
 #include "avlor/core/Error.h"
 #include "avlor/core/Messages.h"
@@ -18,9 +19,12 @@ namespace {
 
 using test::amount;
 using test::EngineCall;
+using test::expectOneMessage;
+using test::expectUntouched;
 using test::FeeColumns;
 using test::FeeRowFixture;
 using test::noProposal;
+using test::valueCall;
 
 const char* const Words[] = {"SCA01", "SCA02", "SCA03", "SCA1", "SCA2", "SCA3", "SCA4",
                              "SCA5",  "SCA6",  "SCA7",  "SCA8", "SCA9", "SCA10", "SCA11"};
@@ -125,26 +129,6 @@ protected:
         for (const char* table : {"Onorari94", "Onorari94Euro", "Onorari2004Euro"})
             FeeRowFixture::deleteRows(table);
     }
-
-    static EngineCall call(const char* table, std::int32_t id, const char* value, std::int16_t bInd,
-                           std::int16_t vRil)
-    {
-        EngineCall c;
-        c.sTabella = table;
-        c.idTariffa = id;
-        c.cValore = amount(value);
-        c.bInd = bInd;
-        c.vRil = vRil;
-        return c;
-    }
-
-    static void expectUntouched(const EngineCall& c)
-    {
-        EXPECT_EQ(c.MinTar, test::MinTarBefore);
-        EXPECT_EQ(c.MaxTar, test::MaxTarBefore);
-        EXPECT_EQ(c.MinS, test::MinSBefore);
-        EXPECT_EQ(c.MaxS, test::MaxSBefore);
-    }
 };
 
 TEST_F(CivilRowTest, LireProposalsAreRoundedButTheBandIsNot)
@@ -152,14 +136,14 @@ TEST_F(CivilRowTest, LireProposalsAreRoundedButTheBandIsNot)
     FeeRowFixture::insertRow("Onorari94", 2, "2",
                              {{"SCA1MIN", "12345"}, {"SCA1MAX", "33333"}, {"MINSTRAORDIMP", "1"}, {"MAXSTRAORDIMP", "2"}});
     ScopedMessageRecorder messages;
-    EngineCall atMin = call("Onorari94", 2, "1000", 0, 0);
+    EngineCall atMin = valueCall("Onorari94", 2, "1000", 0, 0);
     EXPECT_EQ(atMin.run().toFixed4(), "15000.0000");
     EXPECT_EQ(atMin.MinTar.toFixed4(), "12345.0000");
     EXPECT_EQ(atMin.MaxTar.toFixed4(), "33333.0000");
-    EngineCall atMax = call("Onorari94", 2, "1000", 0, 100);
+    EngineCall atMax = valueCall("Onorari94", 2, "1000", 0, 100);
     EXPECT_EQ(atMax.run().toFixed4(), "35000.0000");
     // 12,345 + 20,988 x 37 % = 20,110.56 -> 25,000.
-    EngineCall between = call("Onorari94", 2, "1000", 0, 37);
+    EngineCall between = valueCall("Onorari94", 2, "1000", 0, 37);
     EXPECT_EQ(between.run().toFixed4(), "25000.0000");
     EXPECT_TRUE(messages.recorder().shown().empty());
 }
@@ -168,7 +152,7 @@ TEST_F(CivilRowTest, EuroProposalsAreNotRounded)
 {
     FeeRowFixture::insertRow("Onorari94Euro", 2, "2", {{"SCA01MIN", "10.33"}, {"SCA01MAX", "20.66"}});
     ScopedMessageRecorder messages;
-    EngineCall c = call("Onorari94Euro", 2, "100", 0, 37);
+    EngineCall c = valueCall("Onorari94Euro", 2, "100", 0, 37);
     // 10.33 + 10.33 x 37 %.
     EXPECT_EQ(c.run().toFixed4(), "14.1521");
     EXPECT_EQ(c.MinS, Currency{});
@@ -182,7 +166,7 @@ TEST_F(CivilRowTest, IndeterminateValueUsesTheIndeterminateBandAndTheExtraordina
                               {"MAXSTRAORDIMP", "500"}, {"SCA01MIN", "1"}, {"SCA01MAX", "2"}});
     ScopedMessageRecorder messages;
     // A value between two brackets does not matter here.
-    EngineCall c = call("Onorari94Euro", 4, "129.115", -1, 50);
+    EngineCall c = valueCall("Onorari94Euro", 4, "129.115", -1, 50);
     EXPECT_EQ(c.run().toFixed4(), "200.0000");
     EXPECT_EQ(c.MinTar.toFixed4(), "100.0000");
     EXPECT_EQ(c.MaxTar.toFixed4(), "300.0000");
@@ -195,7 +179,7 @@ TEST_F(CivilRowTest, IndeterminateLireProposalIsRounded)
 {
     FeeRowFixture::insertRow("Onorari94", 4, "4", {{"MININDET", "100000"}, {"MAXINDET", "300001"}});
     ScopedMessageRecorder messages;
-    EngineCall c = call("Onorari94", 4, "1", -1, 100);
+    EngineCall c = valueCall("Onorari94", 4, "1", -1, 100);
     EXPECT_EQ(c.run().toFixed4(), "305000.0000");
     EXPECT_EQ(c.MaxTar.toFixed4(), "300001.0000");
 }
@@ -207,11 +191,10 @@ TEST_F(CivilRowTest, ABandThatIsNotBothPositiveProposesNothing)
     FeeRowFixture::insertRow("Onorari2004Euro", 7, "O 7", {{"MININDET", "10"}, {"MAXINDET", "0"}});
     for (const auto& [id, bInd] : {std::pair{5, 0}, std::pair{6, 0}, std::pair{7, -1}}) {
         ScopedMessageRecorder messages;
-        EngineCall c = call("Onorari2004Euro", id, "100", static_cast<std::int16_t>(bInd), 50);
+        EngineCall c = valueCall("Onorari2004Euro", id, "100", static_cast<std::int16_t>(bInd), 50);
         EXPECT_EQ(c.run(), Currency{}) << id;
         expectUntouched(c);
-        ASSERT_EQ(messages.recorder().shown().size(), 1u);
-        EXPECT_EQ(messages.recorder().shown()[0].text, noProposal("Onorario", "O " + std::to_string(id)));
+        expectOneMessage(messages, noProposal("Onorario", "O " + std::to_string(id)));
     }
 }
 
@@ -220,11 +203,10 @@ TEST_F(CivilRowTest, AFlagThatIsNeitherFalseNorTrueRunsNeitherBranch)
     FeeRowFixture::insertRow("Onorari94", 8, "F8", everyBracket());
     for (std::int16_t bInd : {std::int16_t{1}, std::int16_t{-32768}}) {
         ScopedMessageRecorder messages;
-        EngineCall c = call("Onorari94", 8, "1000", bInd, 50);
+        EngineCall c = valueCall("Onorari94", 8, "1000", bInd, 50);
         EXPECT_EQ(c.run(), Currency{});
         expectUntouched(c);
-        ASSERT_EQ(messages.recorder().shown().size(), 1u);
-        EXPECT_EQ(messages.recorder().shown()[0].text, noProposal("Onorario", "F8"));
+        expectOneMessage(messages, noProposal("Onorario", "F8"));
     }
 }
 
@@ -237,7 +219,7 @@ TEST_F(CivilRowTest, Lire94AboveTheLastBracketScalesTheBand)
                               {"MAXSTRAORDIMP", "9"}});
     ScopedMessageRecorder messages;
     for (std::int16_t bInd : {std::int16_t{0}, std::int16_t{-1}, std::int16_t{5}}) {
-        EngineCall c = call("Onorari94", 9, "6000000000", bInd, 37);
+        EngineCall c = valueCall("Onorari94", 9, "6000000000", bInd, 37);
         // 1,485,000 + 1,330,000 x 37 % = 1,977,100 -> 1,980,000.
         EXPECT_EQ(c.run().toFixed4(), "1980000.0000") << bInd;
         EXPECT_EQ(c.MinTar.toFixed4(), "1485000.0000");
@@ -246,7 +228,7 @@ TEST_F(CivilRowTest, Lire94AboveTheLastBracketScalesTheBand)
         EXPECT_EQ(c.MaxS.toFixed4(), "9.0000");
     }
     // Just above the bound the ratio is 1.0000: the band is only rounded.
-    EngineCall justAbove = call("Onorari94", 9, "5000000001", 0, 0);
+    EngineCall justAbove = valueCall("Onorari94", 9, "5000000001", 0, 0);
     EXPECT_EQ(justAbove.run().toFixed4(), "1235000.0000");
     EXPECT_EQ(justAbove.MaxTar.toFixed4(), "2350000.0000");
     EXPECT_TRUE(messages.recorder().shown().empty());
@@ -259,7 +241,7 @@ TEST_F(CivilRowTest, Euro94AboveTheLastBracketKeepsTheBand)
                              {{"SCA11MIN", "1234.56"}, {"SCA11MAX", "2345.67"}, {"MINSTRAORDIMP", "7"},
                               {"MAXSTRAORDIMP", "9"}});
     ScopedMessageRecorder messages;
-    EngineCall c = call("Onorari94Euro", 9, "5164569", 1, 0);
+    EngineCall c = valueCall("Onorari94Euro", 9, "5164569", 1, 0);
     EXPECT_EQ(c.run().toFixed4(), "1234.5600");
     EXPECT_EQ(c.MinTar.toFixed4(), "1234.5600");
     EXPECT_EQ(c.MaxTar.toFixed4(), "2345.6700");
@@ -276,7 +258,7 @@ TEST_F(CivilRowTest, Euro2004AboveTheLastBracketUsesItsOwnColumns)
                              {{"SCA9MIN", "1"}, {"SCA9MAX", "2"}, {"SCA10MIN", "5000"}, {"SCA10MAX", "9000"},
                               {"MINSTRAORDIMP", "7"}, {"MAXSTRAORDIMP", "9"}});
     ScopedMessageRecorder messages;
-    EngineCall c = call("Onorari2004Euro", 9, "6000000", -1, 100);
+    EngineCall c = valueCall("Onorari2004Euro", 9, "6000000", -1, 100);
     EXPECT_EQ(c.run().toFixed4(), "9000.0000");
     EXPECT_EQ(c.MinTar.toFixed4(), "5000.0000");
     EXPECT_EQ(c.MaxTar.toFixed4(), "9000.0000");
@@ -289,11 +271,10 @@ TEST_F(CivilRowTest, AboveTheLastBracketTheBandMustBePositiveToo)
 {
     FeeRowFixture::insertRow("Onorari94", 10, "Z10", {{"SCA11MIN", "0"}, {"SCA11MAX", "100000"}});
     ScopedMessageRecorder messages;
-    EngineCall c = call("Onorari94", 10, "6000000000", 0, 50);
+    EngineCall c = valueCall("Onorari94", 10, "6000000000", 0, 50);
     EXPECT_EQ(c.run(), Currency{});
     expectUntouched(c);
-    ASSERT_EQ(messages.recorder().shown().size(), 1u);
-    EXPECT_EQ(messages.recorder().shown()[0].text, noProposal("Onorario", "Z10"));
+    expectOneMessage(messages, noProposal("Onorario", "Z10"));
 }
 
 TEST_F(CivilRowTest, AValueBetweenTwoBracketsFailsWithoutAMessage)
@@ -301,10 +282,10 @@ TEST_F(CivilRowTest, AValueBetweenTwoBracketsFailsWithoutAMessage)
     FeeRowFixture::insertRow("Onorari2004Euro", 11, "11", everyBracket());
     FeeRowFixture::insertRow("Onorari94", 11, "11", everyBracket());
     ScopedMessageRecorder messages;
-    EngineCall euro = call("Onorari2004Euro", 11, "600.005", 0, 50);
+    EngineCall euro = valueCall("Onorari2004Euro", 11, "600.005", 0, 50);
     EXPECT_THROW(static_cast<void>(euro.run()), DataError);
     expectUntouched(euro);
-    EngineCall lire = call("Onorari94", 11, "5000000000.5", 0, 50);
+    EngineCall lire = valueCall("Onorari94", 11, "5000000000.5", 0, 50);
     EXPECT_THROW(static_cast<void>(lire.run()), DataError);
     expectUntouched(lire);
     EXPECT_TRUE(messages.recorder().shown().empty());
@@ -314,7 +295,7 @@ TEST_F(CivilRowTest, AMissingRowFailsWithoutAMessage)
 {
     for (const char* table : {"Onorari94", "Onorari94Euro", "Onorari2004Euro"}) {
         ScopedMessageRecorder messages;
-        EngineCall c = call(table, 404, "100", 0, 50);
+        EngineCall c = valueCall(table, 404, "100", 0, 50);
         EXPECT_THROW(static_cast<void>(c.run()), DataError) << table;
         expectUntouched(c);
         EXPECT_TRUE(messages.recorder().shown().empty());
@@ -328,7 +309,7 @@ TEST_F(CivilRowTest, AnEmptyExtraordinaryBandFailsAfterTheBandIsWritten)
     FeeRowFixture::insertRow("Onorari2004Euro", 12, "12",
                              {{"SCA01MIN", "10"}, {"SCA01MAX", "20"}, {"MINSTRAORDIMP", "NULL"}});
     ScopedMessageRecorder messages;
-    EngineCall c = call("Onorari2004Euro", 12, "100", 0, 50);
+    EngineCall c = valueCall("Onorari2004Euro", 12, "100", 0, 50);
     EXPECT_THROW(static_cast<void>(c.run()), ValueError);
     EXPECT_EQ(c.MinTar.toFixed4(), "10.0000");
     EXPECT_EQ(c.MaxTar.toFixed4(), "20.0000");
@@ -341,7 +322,7 @@ TEST_F(CivilRowTest, TheFixedItemReadsNoRowEvenWhenOneExists)
 {
     FeeRowFixture::insertRow("Onorari2004Euro", 62, "62", everyBracket());
     ScopedMessageRecorder messages;
-    EngineCall c = call("Onorari2004Euro", 62, "100", 0, 50);
+    EngineCall c = valueCall("Onorari2004Euro", 62, "100", 0, 50);
     EXPECT_EQ(c.run().toFixed4(), "20.0000");
     EXPECT_EQ(c.MinTar.toFixed4(), "10.0000");
     EXPECT_EQ(c.MaxTar.toFixed4(), "30.0000");
@@ -353,7 +334,7 @@ TEST_F(CivilRowTest, TheRightsFixedItemsAreOrdinaryRowsHere)
 {
     FeeRowFixture::insertRow("Onorari94Euro", 132, "132", everyBracket());
     ScopedMessageRecorder messages;
-    EngineCall c = call("Onorari94Euro", 132, "100", 0, 0);
+    EngineCall c = valueCall("Onorari94Euro", 132, "100", 0, 0);
     EXPECT_EQ(c.run().toFixed4(), "10000.0000");
     EXPECT_EQ(c.MinS.toFixed4(), "7.0000");
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "EngineCall.h"
+#include "EngineExpect.h"
 #include "FeeRowFixture.h"
 #include "avlor/component/ClsParcella.h"
 #include "avlor/core/Error.h"
@@ -16,8 +17,11 @@ namespace {
 
 using test::amount;
 using test::EngineCall;
+using test::expectOneMessage;
+using test::expectUntouched;
 using test::FeeRowFixture;
 using test::noProposal;
+using test::valueCall;
 
 Currency calcolaTariffa(EngineCall& c)
 {
@@ -41,11 +45,7 @@ TEST_F(ClsParcellaTest, ProposesWhatTheEngineProposes)
                              {{"SCA1MIN", "100"}, {"SCA1MAX", "300"}, {"MINSTRAORDIMP", "400"},
                               {"MAXSTRAORDIMP", "500"}});
     ScopedMessageRecorder messages;
-    EngineCall c;
-    c.sTabella = "Onorari2004Euro";
-    c.idTariffa = 3;
-    c.cValore = amount("3000");
-    c.vRil = 37;
+    EngineCall c = valueCall("Onorari2004Euro", 3, "3000", 0, 37);
     EXPECT_EQ(calcolaTariffa(c).toFixed4(), "174.0000");
     EXPECT_EQ(c.MinTar.toFixed4(), "100.0000");
     EXPECT_EQ(c.MaxTar.toFixed4(), "300.0000");
@@ -60,8 +60,7 @@ TEST_F(ClsParcellaTest, TheEnginesOwnMessageIsStillShown)
     EngineCall c;
     c.sTabella = "Tariffe";
     EXPECT_EQ(calcolaTariffa(c), Currency{});
-    ASSERT_EQ(messages.recorder().shown().size(), 1u);
-    EXPECT_EQ(messages.recorder().shown()[0].text, noProposal("", ""));
+    ASSERT_NO_FATAL_FAILURE(expectOneMessage(messages, noProposal("", "")));
     EXPECT_EQ(messages.recorder().shown()[0].title, "Attenzione");
 }
 
@@ -73,16 +72,9 @@ TEST_F(ClsParcellaTest, AMissingRowGivesZeroWithoutAMessage)
     direct.idTariffa = 404;
     EXPECT_THROW(static_cast<void>(direct.run()), DataError);
 
-    EngineCall c;
-    c.sTabella = "Diritti94Euro";
-    c.idTariffa = 404;
-    c.cValore = amount("100");
-    c.vRil = 50;
+    EngineCall c = valueCall("Diritti94Euro", 404, "100", 0, 50);
     EXPECT_EQ(calcolaTariffa(c), Currency{});
-    EXPECT_EQ(c.MinTar, test::MinTarBefore);
-    EXPECT_EQ(c.MaxTar, test::MaxTarBefore);
-    EXPECT_EQ(c.MinS, test::MinSBefore);
-    EXPECT_EQ(c.MaxS, test::MaxSBefore);
+    expectUntouched(c);
     EXPECT_TRUE(messages.recorder().shown().empty());
 }
 
@@ -91,11 +83,7 @@ TEST_F(ClsParcellaTest, TheOutputsKeepWhatTheEngineWroteBeforeTheError)
     FeeRowFixture::insertRow("Onorari2004Euro", 4, "4",
                              {{"SCA1MIN", "100"}, {"SCA1MAX", "300"}, {"MINSTRAORDIMP", "NULL"}});
     ScopedMessageRecorder messages;
-    EngineCall c;
-    c.sTabella = "Onorari2004Euro";
-    c.idTariffa = 4;
-    c.cValore = amount("3000");
-    c.vRil = 50;
+    EngineCall c = valueCall("Onorari2004Euro", 4, "3000", 0, 50);
     EXPECT_EQ(calcolaTariffa(c), Currency{});
     EXPECT_EQ(c.MinTar.toFixed4(), "100.0000");
     EXPECT_EQ(c.MaxTar.toFixed4(), "300.0000");
@@ -123,11 +111,7 @@ TEST_F(ClsParcellaTest, AnArithmeticFailureIsTrappedToo)
     // of an amount.
     FeeRowFixture::insertRow("Onorari2004Euro", 6, "6", {{"SCA01MIN", "1"}, {"SCA01MAX", "922337203685477"}});
     ScopedMessageRecorder messages;
-    EngineCall c;
-    c.sTabella = "Onorari2004Euro";
-    c.idTariffa = 6;
-    c.cValore = amount("100");
-    c.vRil = 50;
+    EngineCall c = valueCall("Onorari2004Euro", 6, "100", 0, 50);
     EXPECT_THROW(static_cast<void>(EngineCall(c).run()), ValueError);
     EXPECT_EQ(calcolaTariffa(c), Currency{});
     EXPECT_EQ(c.MinTar.toFixed4(), "1.0000");

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "EngineCall.h"
+#include "EngineExpect.h"
 #include "FeeRowFixture.h"
 #include "avlor/core/Error.h"
 #include "avlor/core/Messages.h"
@@ -16,6 +17,8 @@ namespace {
 
 using test::amount;
 using test::EngineCall;
+using test::expectCleared;
+using test::expectOneMessage;
 using test::FeeColumns;
 using test::FeeRowFixture;
 using test::noProposal;
@@ -167,12 +170,8 @@ TEST_F(CriminalRowTest, TheBandIsTakenWithoutATestOfItsSign)
     // A zero band is written, and then nothing is proposed.
     EngineCall zero = call("OnorariPenali94Euro", 3, "Pretura", 50);
     EXPECT_EQ(zero.run(), Currency{});
-    EXPECT_EQ(zero.MinTar, Currency{});
-    EXPECT_EQ(zero.MaxTar, Currency{});
-    EXPECT_EQ(zero.MinS, Currency{});
-    EXPECT_EQ(zero.MaxS, Currency{});
-    ASSERT_EQ(messages.recorder().shown().size(), 1u);
-    EXPECT_EQ(messages.recorder().shown()[0].text, noProposal("Onorario Penale", "P 3"));
+    expectCleared(zero);
+    ASSERT_NO_FATAL_FAILURE(expectOneMessage(messages, noProposal("Onorario Penale", "P 3")));
     EXPECT_EQ(messages.recorder().shown()[0].text, "Onorario Penale codice <P 3> non previsto per una pratica di "
                                                    "questo valore.\rNessun valore proposto.");
 }

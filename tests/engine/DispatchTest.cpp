@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "EngineCall.h"
+#include "EngineExpect.h"
 #include "avlor/core/Messages.h"
 
 namespace avlor {
@@ -9,6 +10,9 @@ namespace {
 
 using test::amount;
 using test::EngineCall;
+using test::expectCleared;
+using test::expectOneMessage;
+using test::expectUntouched;
 using test::noProposal;
 
 TEST(Dispatch, TheNameIsTrimmedAndComparedWithoutCase)
@@ -33,10 +37,7 @@ TEST(Dispatch, AnUnknownTableProposesNothingAndTouchesNothing)
         call.cValore = amount("1000");
         call.vRil = 50;
         EXPECT_EQ(call.run(), Currency{}) << name;
-        EXPECT_EQ(call.MinTar, test::MinTarBefore);
-        EXPECT_EQ(call.MaxTar, test::MaxTarBefore);
-        EXPECT_EQ(call.MinS, test::MinSBefore);
-        EXPECT_EQ(call.MaxS, test::MaxSBefore);
+        expectUntouched(call);
         ASSERT_EQ(messages.recorder().shown().size(), 1u) << name;
         EXPECT_EQ(messages.recorder().shown()[0].text, noProposal("", ""));
         EXPECT_EQ(messages.recorder().shown()[0].title, "Attenzione");
@@ -90,12 +91,8 @@ TEST_P(UnknownAuthorityTest, ClearsTheBandAndProposesNothing)
         call.vRil = 50;
         call.Autorita = autorita;
         EXPECT_EQ(call.run(), Currency{});
-        EXPECT_EQ(call.MinTar, Currency{});
-        EXPECT_EQ(call.MaxTar, Currency{});
-        EXPECT_EQ(call.MinS, Currency{});
-        EXPECT_EQ(call.MaxS, Currency{});
-        ASSERT_EQ(messages.recorder().shown().size(), 1u);
-        EXPECT_EQ(messages.recorder().shown()[0].text, noProposal("", ""));
+        expectCleared(call);
+        expectOneMessage(messages, noProposal("", ""));
     }
 }
 

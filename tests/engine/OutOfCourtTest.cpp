@@ -8,6 +8,7 @@
 #include <string>
 
 #include "EngineCall.h"
+#include "EngineExpect.h"
 #include "avlor/core/Messages.h"
 #include "avlor/engine/OutOfCourt.h"
 
@@ -16,6 +17,9 @@ namespace {
 
 using test::amount;
 using test::EngineCall;
+using test::expectCleared;
+using test::expectOneMessage;
+using test::expectUntouched;
 using test::noProposal;
 
 struct OutOfCourtCase {
@@ -176,12 +180,8 @@ TEST_P(OutOfCourtNothingTest, ProposesNothingAndWritesNothing)
     call.bInd = c.bInd;
     call.vRil = 50;
     EXPECT_EQ(call.run(), Currency{});
-    EXPECT_EQ(call.MinTar, test::MinTarBefore);
-    EXPECT_EQ(call.MaxTar, test::MaxTarBefore);
-    EXPECT_EQ(call.MinS, test::MinSBefore);
-    EXPECT_EQ(call.MaxS, test::MaxSBefore);
-    ASSERT_EQ(messages.recorder().shown().size(), 1u);
-    EXPECT_EQ(messages.recorder().shown()[0].text, noProposal("", ""));
+    expectUntouched(call);
+    ASSERT_NO_FATAL_FAILURE(expectOneMessage(messages, noProposal("", "")));
     EXPECT_EQ(messages.recorder().shown()[0].title, "Attenzione");
 }
 
@@ -215,12 +215,8 @@ TEST(OutOfCourt, PercentageItemsLeaveTheBandWithoutAPositiveValue)
             call.vRil = 50;
             // A caller that cleared its outputs gets nothing proposed.
             EXPECT_EQ(call.run(), Currency{}) << table << " " << value;
-            EXPECT_EQ(call.MinTar, Currency{});
-            EXPECT_EQ(call.MaxTar, Currency{});
-            EXPECT_EQ(call.MinS, Currency{});
-            EXPECT_EQ(call.MaxS, Currency{});
-            ASSERT_EQ(messages.recorder().shown().size(), 1u);
-            EXPECT_EQ(messages.recorder().shown()[0].text, noProposal("", ""));
+            expectCleared(call);
+            expectOneMessage(messages, noProposal("", ""));
         }
     }
 }

@@ -7,6 +7,7 @@
 
 #include "BracketBounds.h"
 #include "EngineCall.h"
+#include "EngineExpect.h"
 #include "FeeRowFixture.h"
 #include "avlor/core/Messages.h"
 #include "avlor/data/DataError.h"
@@ -16,9 +17,12 @@ namespace {
 
 using test::amount;
 using test::EngineCall;
+using test::expectOneMessage;
+using test::expectUntouched;
 using test::FeeColumns;
 using test::FeeRowFixture;
 using test::noProposal;
+using test::valueCall;
 
 // VALORESCAk holds k x 100 + 0.25, so the column read shows in the amount.
 FeeColumns everyBracket()
@@ -90,33 +94,13 @@ protected:
         for (const char* table : {"Diritti94", "Diritti94Euro", "Diritti2004Euro"})
             FeeRowFixture::deleteRows(table);
     }
-
-    static EngineCall call(const char* table, std::int32_t id, const char* value, std::int16_t bInd,
-                           std::int16_t vRil)
-    {
-        EngineCall c;
-        c.sTabella = table;
-        c.idTariffa = id;
-        c.cValore = amount(value);
-        c.bInd = bInd;
-        c.vRil = vRil;
-        return c;
-    }
-
-    static void expectUntouched(const EngineCall& c)
-    {
-        EXPECT_EQ(c.MinTar, test::MinTarBefore);
-        EXPECT_EQ(c.MaxTar, test::MaxTarBefore);
-        EXPECT_EQ(c.MinS, test::MinSBefore);
-        EXPECT_EQ(c.MaxS, test::MaxSBefore);
-    }
 };
 
 TEST_F(RightsRowTest, AmountsOfTheLireTableAreNotRounded)
 {
     FeeRowFixture::insertRow("Diritti94", 7, "7", {{"VALORESCA2", "12345.5"}});
     ScopedMessageRecorder messages;
-    EngineCall c = call("Diritti94", 7, "300000", 0, 37);
+    EngineCall c = valueCall("Diritti94", 7, "300000", 0, 37);
     EXPECT_EQ(c.run().toFixed4(), "12345.5000");
     EXPECT_TRUE(messages.recorder().shown().empty());
 }
@@ -125,11 +109,10 @@ TEST_F(RightsRowTest, AZeroColumnProposesNothingAndNamesTheItem)
 {
     FeeRowFixture::insertRow("Diritti94Euro", 8, "A 12", {{"VALORESCA1", "0"}, {"VALORESCA2", "40"}});
     ScopedMessageRecorder messages;
-    EngineCall c = call("Diritti94Euro", 8, "100", 0, 50);
+    EngineCall c = valueCall("Diritti94Euro", 8, "100", 0, 50);
     EXPECT_EQ(c.run(), Currency{});
     expectUntouched(c);
-    ASSERT_EQ(messages.recorder().shown().size(), 1u);
-    EXPECT_EQ(messages.recorder().shown()[0].text, noProposal("Diritto", "A 12"));
+    ASSERT_NO_FATAL_FAILURE(expectOneMessage(messages, noProposal("Diritto", "A 12")));
     EXPECT_EQ(messages.recorder().shown()[0].text,
               "Diritto codice <A 12> non previsto per una pratica di questo valore.\rNessun valore proposto.");
     EXPECT_EQ(messages.recorder().shown()[0].title, "Attenzione");
@@ -142,11 +125,10 @@ TEST_F(RightsRowTest, AnEmptyOrNegativeColumnProposesNothing)
     FeeRowFixture::insertRow("Diritti2004Euro", 9, "9", {{"VALORESCA1", "NULL"}, {"VALORESCA2", "-5"}});
     for (const char* value : {"100", "1000"}) {
         ScopedMessageRecorder messages;
-        EngineCall c = call("Diritti2004Euro", 9, value, 0, 50);
+        EngineCall c = valueCall("Diritti2004Euro", 9, value, 0, 50);
         EXPECT_EQ(c.run(), Currency{}) << value;
         expectUntouched(c);
-        ASSERT_EQ(messages.recorder().shown().size(), 1u);
-        EXPECT_EQ(messages.recorder().shown()[0].text, noProposal("Diritto", "9"));
+        expectOneMessage(messages, noProposal("Diritto", "9"));
     }
 }
 
@@ -154,7 +136,7 @@ TEST_F(RightsRowTest, AValueBetweenTwoBracketsFailsWithoutAMessage)
 {
     FeeRowFixture::insertRow("Diritti94Euro", 8, "A 12", everyBracket());
     ScopedMessageRecorder messages;
-    EngineCall c = call("Diritti94Euro", 8, "129.115", 0, 50);
+    EngineCall c = valueCall("Diritti94Euro", 8, "129.115", 0, 50);
     EXPECT_THROW(static_cast<void>(c.run()), DataError);
     expectUntouched(c);
     EXPECT_TRUE(messages.recorder().shown().empty());
@@ -164,7 +146,7 @@ TEST_F(RightsRowTest, AMissingRowFailsWithoutAMessage)
 {
     for (const char* table : {"Diritti94", "Diritti94Euro", "Diritti2004Euro"}) {
         ScopedMessageRecorder messages;
-        EngineCall c = call(table, 404, "100", 0, 50);
+        EngineCall c = valueCall(table, 404, "100", 0, 50);
         EXPECT_THROW(static_cast<void>(c.run()), DataError) << table;
         expectUntouched(c);
         EXPECT_TRUE(messages.recorder().shown().empty());
@@ -177,11 +159,11 @@ TEST_F(RightsRowTest, TheFixedItemOfAnotherTableIsReadFromItsRow)
     FeeRowFixture::insertRow("Diritti2004Euro", 132, "132", {{"VALORESCA1", "2"}});
     FeeRowFixture::insertRow("Diritti94Euro", 62, "62", {{"VALORESCA1", "3"}});
     ScopedMessageRecorder messages;
-    EngineCall lire = call("Diritti94", 391, "1", 0, 0);
+    EngineCall lire = valueCall("Diritti94", 391, "1", 0, 0);
     EXPECT_EQ(lire.run().toFixed4(), "1000.0000");
-    EngineCall euro2004 = call("Diritti2004Euro", 132, "1", 0, 0);
+    EngineCall euro2004 = valueCall("Diritti2004Euro", 132, "1", 0, 0);
     EXPECT_EQ(euro2004.run().toFixed4(), "2.0000");
-    EngineCall euro94 = call("Diritti94Euro", 62, "1", 0, 0);
+    EngineCall euro94 = valueCall("Diritti94Euro", 62, "1", 0, 0);
     EXPECT_EQ(euro94.run().toFixed4(), "3.0000");
     EXPECT_TRUE(messages.recorder().shown().empty());
 }
@@ -192,17 +174,17 @@ TEST_F(RightsRowTest, IndeterminateValueProposesFromTheIndeterminateBand)
         FeeRowFixture::insertRow(table, 3, "3",
                                  {{"VALOREINDETMIN", "100"}, {"VALOREINDETMAX", "300"}, {"VALORESCA1", "7"}});
         ScopedMessageRecorder messages;
-        EngineCall atMin = call(table, 3, "129.115", -1, 0); // the bracket plays no part
+        EngineCall atMin = valueCall(table, 3, "129.115", -1, 0); // the bracket plays no part
         EXPECT_EQ(atMin.run().toFixed4(), "100.0000") << table;
         EXPECT_EQ(atMin.MinTar.toFixed4(), "100.0000");
         EXPECT_EQ(atMin.MaxTar.toFixed4(), "300.0000");
         // The extraordinary band is not touched.
         EXPECT_EQ(atMin.MinS, test::MinSBefore);
         EXPECT_EQ(atMin.MaxS, test::MaxSBefore);
-        EngineCall atMax = call(table, 3, "1", -1, 100);
+        EngineCall atMax = valueCall(table, 3, "1", -1, 100);
         EXPECT_EQ(atMax.run().toFixed4(), "300.0000");
         // Interpolated and, even in lire, not rounded.
-        EngineCall between = call(table, 3, "1", -1, 37);
+        EngineCall between = valueCall(table, 3, "1", -1, 37);
         EXPECT_EQ(between.run().toFixed4(), "174.0000");
         EXPECT_TRUE(messages.recorder().shown().empty());
     }
@@ -214,11 +196,10 @@ TEST_F(RightsRowTest, IndeterminateValueNeedsBothLimitsPositive)
     FeeRowFixture::insertRow("Diritti94Euro", 4, "I4", {{"VALOREINDETMIN", "NULL"}, {"VALOREINDETMAX", "300"}});
     for (std::int32_t id : {3, 4}) {
         ScopedMessageRecorder messages;
-        EngineCall c = call("Diritti94Euro", id, "1", -1, 50);
+        EngineCall c = valueCall("Diritti94Euro", id, "1", -1, 50);
         EXPECT_EQ(c.run(), Currency{});
         expectUntouched(c);
-        ASSERT_EQ(messages.recorder().shown().size(), 1u);
-        EXPECT_EQ(messages.recorder().shown()[0].text, noProposal("Diritto", "I" + std::to_string(id)));
+        expectOneMessage(messages, noProposal("Diritto", "I" + std::to_string(id)));
     }
 }
 
@@ -228,11 +209,10 @@ TEST_F(RightsRowTest, AFlagThatIsNeitherFalseNorTrueRunsNeitherBranch)
                              {{"VALOREINDETMIN", "100"}, {"VALOREINDETMAX", "300"}, {"VALORESCA1", "7"}});
     for (std::int16_t bInd : {std::int16_t{1}, std::int16_t{-2}, std::int16_t{255}}) {
         ScopedMessageRecorder messages;
-        EngineCall c = call("Diritti94", 3, "1", bInd, 50);
+        EngineCall c = valueCall("Diritti94", 3, "1", bInd, 50);
         EXPECT_EQ(c.run(), Currency{}) << bInd;
         expectUntouched(c);
-        ASSERT_EQ(messages.recorder().shown().size(), 1u);
-        EXPECT_EQ(messages.recorder().shown()[0].text, noProposal("Diritto", "F3"));
+        expectOneMessage(messages, noProposal("Diritto", "F3"));
     }
 }
 
@@ -258,21 +238,21 @@ TEST_F(RightsRowTest, Diritti2004IndeterminateMovesToTheNearestBracketAmount)
                               {"VALORESCA13", "NULL"}});
     ScopedMessageRecorder messages;
     // 110 + 200 x 20 % = 150: halfway between 100 and 200, the lower wins.
-    EngineCall tie = call("Diritti2004Euro", 12, "1", -1, 20);
+    EngineCall tie = valueCall("Diritti2004Euro", 12, "1", -1, 20);
     EXPECT_EQ(tie.run().toFixed4(), "100.0000");
     EXPECT_EQ(tie.MinTar.toFixed4(), "110.0000");
     EXPECT_EQ(tie.MaxTar.toFixed4(), "310.0000");
     EXPECT_EQ(tie.MinS, test::MinSBefore);
     // 110 + 200 x 21 % = 152 -> 200.
-    EngineCall nearer = call("Diritti2004Euro", 12, "1", -1, 21);
+    EngineCall nearer = valueCall("Diritti2004Euro", 12, "1", -1, 21);
     EXPECT_EQ(nearer.run().toFixed4(), "200.0000");
     // 110 + 200 x 99 % = 308 -> 300.
-    EngineCall high = call("Diritti2004Euro", 12, "1", -1, 99);
+    EngineCall high = valueCall("Diritti2004Euro", 12, "1", -1, 99);
     EXPECT_EQ(high.run().toFixed4(), "300.0000");
     // The end points are not moved.
-    EngineCall atMin = call("Diritti2004Euro", 12, "1", -1, 0);
+    EngineCall atMin = valueCall("Diritti2004Euro", 12, "1", -1, 0);
     EXPECT_EQ(atMin.run().toFixed4(), "110.0000");
-    EngineCall atMax = call("Diritti2004Euro", 12, "1", -1, 100);
+    EngineCall atMax = valueCall("Diritti2004Euro", 12, "1", -1, 100);
     EXPECT_EQ(atMax.run().toFixed4(), "310.0000");
     EXPECT_TRUE(messages.recorder().shown().empty());
 }
@@ -286,13 +266,12 @@ TEST_F(RightsRowTest, Diritti2004IndeterminateWithoutAnyBracketAmountProposesNot
                               {"VALORESCA8", "NULL"},       {"VALORESCA9", "NULL"},      {"VALORESCA10", "NULL"},
                               {"VALORESCA11", "NULL"},      {"VALORESCA12", "NULL"},     {"VALORESCA13", "NULL"}});
     ScopedMessageRecorder messages;
-    EngineCall c = call("Diritti2004Euro", 13, "1", -1, 50);
+    EngineCall c = valueCall("Diritti2004Euro", 13, "1", -1, 50);
     EXPECT_EQ(c.run(), Currency{});
     // The band was set before the nearest amount was looked for.
     EXPECT_EQ(c.MinTar.toFixed4(), "110.0000");
     EXPECT_EQ(c.MaxTar.toFixed4(), "310.0000");
-    ASSERT_EQ(messages.recorder().shown().size(), 1u);
-    EXPECT_EQ(messages.recorder().shown()[0].text, noProposal("Diritto", "N13"));
+    expectOneMessage(messages, noProposal("Diritto", "N13"));
 }
 
 TEST_F(RightsRowTest, TheEuro94TableDoesNotMoveToTheNearestAmount)
@@ -300,7 +279,7 @@ TEST_F(RightsRowTest, TheEuro94TableDoesNotMoveToTheNearestAmount)
     FeeRowFixture::insertRow("Diritti94Euro", 12, "12",
                              {{"VALOREINDETMIN", "110"}, {"VALOREINDETMAX", "310"}, {"VALORESCA1", "100"}});
     ScopedMessageRecorder messages;
-    EngineCall c = call("Diritti94Euro", 12, "1", -1, 20);
+    EngineCall c = valueCall("Diritti94Euro", 12, "1", -1, 20);
     EXPECT_EQ(c.run().toFixed4(), "150.0000");
 }
 
