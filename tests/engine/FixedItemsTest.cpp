@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <ostream>
+#include <initializer_list>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "EngineCall.h"
 #include "avlor/core/Messages.h"
@@ -26,6 +29,18 @@ struct FixedCase {
         *os << c.sTabella << " item " << c.idTariffa << " vRil " << c.vRil << " -> " << c.result;
     }
 };
+
+// One fixed item at each relevance given with its proposal: the band is the
+// same at every relevance.
+std::vector<FixedCase> fixedItemCases(const char* sTabella, std::int32_t idTariffa, const char* MinTar,
+                                      const char* MaxTar,
+                                      std::initializer_list<std::pair<std::int16_t, const char*>> proposals)
+{
+    std::vector<FixedCase> cases;
+    for (const auto& [vRil, result] : proposals)
+        cases.push_back({sTabella, idTariffa, vRil, result, MinTar, MaxTar});
+    return cases;
+}
 
 class FixedItemTest : public testing::TestWithParam<FixedCase> {};
 
@@ -50,60 +65,39 @@ TEST_P(FixedItemTest, PricesFromTheConstantBand)
 // 15,000 + 35,000 x vRil / 100, rounded up to 5,000 lire.
 INSTANTIATE_TEST_SUITE_P(
     Diritti94, FixedItemTest,
-    testing::Values(FixedCase{"Diritti94", 132, 0, "15000", "15000", "50000"},
-                    FixedCase{"Diritti94", 132, 1, "20000", "15000", "50000"},
-                    FixedCase{"Diritti94", 132, 37, "30000", "15000", "50000"},
-                    FixedCase{"Diritti94", 132, 50, "35000", "15000", "50000"},
-                    FixedCase{"Diritti94", 132, 99, "50000", "15000", "50000"},
-                    FixedCase{"Diritti94", 132, 100, "50000", "15000", "50000"}));
+    testing::ValuesIn(fixedItemCases("Diritti94", 132, "15000", "50000",
+                                     {{0, "15000"}, {1, "20000"}, {37, "30000"}, {50, "35000"}, {99, "50000"},
+                                      {100, "50000"}})));
 
 INSTANTIATE_TEST_SUITE_P(
     Diritti94Euro, FixedItemTest,
-    testing::Values(FixedCase{"Diritti94Euro", 132, 0, "7.75", "7.75", "25.82"},
-                    FixedCase{"Diritti94Euro", 132, 1, "7.9307", "7.75", "25.82"},
-                    FixedCase{"Diritti94Euro", 132, 37, "14.4359", "7.75", "25.82"},
-                    FixedCase{"Diritti94Euro", 132, 50, "16.785", "7.75", "25.82"},
-                    FixedCase{"Diritti94Euro", 132, 99, "25.6393", "7.75", "25.82"},
-                    FixedCase{"Diritti94Euro", 132, 100, "25.82", "7.75", "25.82"}));
+    testing::ValuesIn(fixedItemCases("Diritti94Euro", 132, "7.75", "25.82",
+                                     {{0, "7.75"}, {1, "7.9307"}, {37, "14.4359"}, {50, "16.785"}, {99, "25.6393"},
+                                      {100, "25.82"}})));
 
 // The band is stored inverted (30 to 10) while the end points give 10 and 30.
 INSTANTIATE_TEST_SUITE_P(
     Diritti2004Euro, FixedItemTest,
-    testing::Values(FixedCase{"Diritti2004Euro", 391, 0, "10", "30", "10"},
-                    FixedCase{"Diritti2004Euro", 391, 1, "29.8", "30", "10"},
-                    FixedCase{"Diritti2004Euro", 391, 37, "22.6", "30", "10"},
-                    FixedCase{"Diritti2004Euro", 391, 50, "20", "30", "10"},
-                    FixedCase{"Diritti2004Euro", 391, 99, "10.2", "30", "10"},
-                    FixedCase{"Diritti2004Euro", 391, 100, "30", "30", "10"}));
+    testing::ValuesIn(fixedItemCases("Diritti2004Euro", 391, "30", "10",
+                                     {{0, "10"}, {1, "29.8"}, {37, "22.6"}, {50, "20"}, {99, "10.2"}, {100, "30"}})));
 
 INSTANTIATE_TEST_SUITE_P(
     Onorari94, FixedItemTest,
-    testing::Values(FixedCase{"Onorari94", 62, 0, "15000", "15000", "50000"},
-                    FixedCase{"Onorari94", 62, 1, "20000", "15000", "50000"},
-                    FixedCase{"Onorari94", 62, 37, "30000", "15000", "50000"},
-                    FixedCase{"Onorari94", 62, 50, "35000", "15000", "50000"},
-                    FixedCase{"Onorari94", 62, 99, "50000", "15000", "50000"},
-                    FixedCase{"Onorari94", 62, 100, "50000", "15000", "50000"}));
+    testing::ValuesIn(fixedItemCases("Onorari94", 62, "15000", "50000",
+                                     {{0, "15000"}, {1, "20000"}, {37, "30000"}, {50, "35000"}, {99, "50000"},
+                                      {100, "50000"}})));
 
 INSTANTIATE_TEST_SUITE_P(
     Onorari94Euro, FixedItemTest,
-    testing::Values(FixedCase{"Onorari94Euro", 62, 0, "7.75", "7.75", "25.82"},
-                    FixedCase{"Onorari94Euro", 62, 1, "7.9307", "7.75", "25.82"},
-                    FixedCase{"Onorari94Euro", 62, 37, "14.4359", "7.75", "25.82"},
-                    FixedCase{"Onorari94Euro", 62, 50, "16.785", "7.75", "25.82"},
-                    FixedCase{"Onorari94Euro", 62, 99, "25.6393", "7.75", "25.82"},
-                    FixedCase{"Onorari94Euro", 62, 100, "25.82", "7.75", "25.82"}));
+    testing::ValuesIn(fixedItemCases("Onorari94Euro", 62, "7.75", "25.82",
+                                     {{0, "7.75"}, {1, "7.9307"}, {37, "14.4359"}, {50, "16.785"}, {99, "25.6393"},
+                                      {100, "25.82"}})));
 
 INSTANTIATE_TEST_SUITE_P(
     Onorari2004Euro, FixedItemTest,
-    testing::Values(FixedCase{"Onorari2004Euro", 62, 0, "10", "10", "30"},
-                    FixedCase{"Onorari2004Euro", 62, 1, "10.2", "10", "30"},
-                    FixedCase{"Onorari2004Euro", 62, 37, "17.4", "10", "30"},
-                    FixedCase{"Onorari2004Euro", 62, 50, "20", "10", "30"},
-                    FixedCase{"Onorari2004Euro", 62, 99, "29.8", "10", "30"},
-                    FixedCase{"Onorari2004Euro", 62, 100, "30", "10", "30"},
-                    FixedCase{"Onorari2004Euro", 62, -1, "9.8", "10", "30"},
-                    FixedCase{"Onorari2004Euro", 62, 32767, "6563.4", "10", "30"}));
+    testing::ValuesIn(fixedItemCases("Onorari2004Euro", 62, "10", "30",
+                                     {{0, "10"}, {1, "10.2"}, {37, "17.4"}, {50, "20"}, {99, "29.8"}, {100, "30"},
+                                      {-1, "9.8"}, {32767, "6563.4"}})));
 
 // The rights' fixed items are not those of the civil tables, and vice versa:
 // 62 is not fixed in a rights table, 132 and 391 not in a civil one, and
