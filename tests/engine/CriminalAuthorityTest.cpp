@@ -2,7 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <ostream>
+#include <initializer_list>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "avlor/engine/CriminalAuthority.h"
 
@@ -38,29 +41,27 @@ constexpr auto L = Edition::Lire94;
 constexpr auto E94 = Edition::Euro94;
 constexpr auto E04 = Edition::Euro2004;
 
+// Each authority with its prefix in the three tables, edition by edition.
+std::vector<AuthorityCase> inEveryEdition(std::initializer_list<std::pair<const char*, const char*>> authorities)
+{
+    std::vector<AuthorityCase> cases;
+    for (const auto& [autorita, prefix] : authorities) {
+        cases.push_back({autorita, "OnorariPenali94", L, prefix});
+        cases.push_back({autorita, "OnorariPenali94Euro", E94, prefix});
+        cases.push_back({autorita, "OnorariPenali2004Euro", E04, prefix});
+    }
+    return cases;
+}
+
 INSTANTIATE_TEST_SUITE_P(
     SameInEveryEdition, CriminalAuthorityTest,
-    testing::Values(AuthorityCase{"Pretura", "OnorariPenali94", L, "Pretura"},
-                    AuthorityCase{"Pretura", "OnorariPenali94Euro", E94, "Pretura"},
-                    AuthorityCase{"Pretura", "OnorariPenali2004Euro", E04, "Pretura"},
-                    AuthorityCase{"Tribunale in comp. monocratica", "OnorariPenali94", L, "Tribunale"},
-                    AuthorityCase{"Tribunale in comp. monocratica", "OnorariPenali94Euro", E94, "Tribunale"},
-                    AuthorityCase{"Tribunale in comp. monocratica", "OnorariPenali2004Euro", E04, "Tribunale"},
-                    AuthorityCase{"Tribunale in comp. collegiale", "OnorariPenali94", L, "Tribunale"},
-                    AuthorityCase{"Tribunale in comp. collegiale", "OnorariPenali94Euro", E94, "Tribunale"},
-                    AuthorityCase{"Tribunale in comp. collegiale", "OnorariPenali2004Euro", E04, "Tribunale"},
-                    AuthorityCase{"Tribunale", "OnorariPenali94", L, "Tribunale"},
-                    AuthorityCase{"Tribunale", "OnorariPenali94Euro", E94, "Tribunale"},
-                    AuthorityCase{"Tribunale", "OnorariPenali2004Euro", E04, "Tribunale"},
-                    AuthorityCase{"Corte d'Assise e d'Assise d'Appello", "OnorariPenali94", L, "AssiseApp"},
-                    AuthorityCase{"Corte d'Assise e d'Assise d'Appello", "OnorariPenali94Euro", E94, "AssiseApp"},
-                    AuthorityCase{"Corte d'Assise e d'Assise d'Appello", "OnorariPenali2004Euro", E04, "AssiseApp"},
-                    AuthorityCase{"Corte d'Appello", "OnorariPenali94", L, "Appello"},
-                    AuthorityCase{"Corte d'Appello", "OnorariPenali94Euro", E94, "Appello"},
-                    AuthorityCase{"Corte d'Appello", "OnorariPenali2004Euro", E04, "Appello"},
-                    AuthorityCase{"Corte Costituzionale e Cassazione", "OnorariPenali94", L, "CostCass"},
-                    AuthorityCase{"Corte Costituzionale e Cassazione", "OnorariPenali94Euro", E94, "CostCass"},
-                    AuthorityCase{"Corte Costituzionale e Cassazione", "OnorariPenali2004Euro", E04, "CostCass"}));
+    testing::ValuesIn(inEveryEdition({{"Pretura", "Pretura"},
+                                      {"Tribunale in comp. monocratica", "Tribunale"},
+                                      {"Tribunale in comp. collegiale", "Tribunale"},
+                                      {"Tribunale", "Tribunale"},
+                                      {"Corte d'Assise e d'Assise d'Appello", "AssiseApp"},
+                                      {"Corte d'Appello", "Appello"},
+                                      {"Corte Costituzionale e Cassazione", "CostCass"}})));
 
 // The justice of the peace and the preliminary-hearing judge have columns of
 // their own only in 2004; before, they are priced as the Tribunale.
