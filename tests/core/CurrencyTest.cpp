@@ -5,21 +5,13 @@
 #include <limits>
 
 #include "avlor/core/Currency.h"
+#include "ValueErrorKind.h"
 #include "avlor/core/Error.h"
 
 namespace avlor {
 namespace {
 
-ValueError::Kind kindOf(auto&& operation)
-{
-    try {
-        operation();
-    } catch (const ValueError& e) {
-        return e.kind();
-    }
-    ADD_FAILURE() << "no ValueError raised";
-    return ValueError::Kind::TypeMismatch;
-}
+using test::kindOf;
 
 constexpr std::int64_t Max = std::numeric_limits<std::int64_t>::max();
 constexpr std::int64_t Min = std::numeric_limits<std::int64_t>::min();

@@ -4,22 +4,14 @@
 #include <limits>
 #include <string>
 
+#include "ValueErrorKind.h"
 #include "avlor/core/Error.h"
 #include "avlor/core/Value.h"
 
 namespace avlor {
 namespace {
 
-ValueError::Kind kindOf(auto&& operation)
-{
-    try {
-        operation();
-    } catch (const ValueError& e) {
-        return e.kind();
-    }
-    ADD_FAILURE() << "no ValueError raised";
-    return ValueError::Kind::DivisionByZero;
-}
+using test::kindOf;
 
 Value i16(int i) { return Value::integer(static_cast<std::int16_t>(i)); }
 Value i32(std::int32_t l) { return Value::longValue(l); }
