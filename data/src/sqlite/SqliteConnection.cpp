@@ -91,7 +91,9 @@ Value SqliteConnection::singleValue(const std::string& statement) {
 
 void SqliteConnection::executeScript(const std::string& script) {
     const std::vector<std::string> statements = Dialect::splitScript(script);
-    execute("BEGIN IMMEDIATE");
+    // Inside an open transaction the script is a savepoint of it, so that a
+    // failing script undoes itself and leaves the transaction to its owner.
+    execute(inTransaction_ ? "SAVEPOINT avlor_script" : "BEGIN IMMEDIATE");
     try {
         for (const std::string& statement : statements) {
             const std::string sql = dialect().translate(statement);
@@ -99,14 +101,48 @@ void SqliteConnection::executeScript(const std::string& script) {
             while (step(prepared.get(), statement)) {
             }
         }
-        execute("COMMIT");
+        execute(inTransaction_ ? "RELEASE avlor_script" : "COMMIT");
     } catch (...) {
-        sqlite3_exec(db_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+        sqlite3_exec(db_.get(), inTransaction_ ? "ROLLBACK TO avlor_script; RELEASE avlor_script" : "ROLLBACK",
+                     nullptr, nullptr, nullptr);
         statements_.clear();
         throw;
     }
     // The script may have changed tables that cached statements describe.
     statements_.clear();
+}
+
+void SqliteConnection::beginTransaction() {
+    if (inTransaction_) {
+        throw DataError("A transaction is already open on this connection", location_);
+    }
+    execute("BEGIN IMMEDIATE");
+    inTransaction_ = true;
+}
+
+void SqliteConnection::commitTransaction() {
+    if (!inTransaction_) {
+        throw DataError("No transaction is open on this connection", location_);
+    }
+    inTransaction_ = false;
+    try {
+        execute("COMMIT");
+    } catch (...) {
+        // A failed COMMIT leaves the transaction open (or already rolled
+        // back by SQLite); ROLLBACK ends it either way.
+        sqlite3_exec(db_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
+    }
+}
+
+void SqliteConnection::rollbackTransaction() noexcept {
+    if (!inTransaction_) {
+        return;
+    }
+    inTransaction_ = false;
+    // Its own failure (SQLite already rolled back after an error) is of no
+    // interest: either way no transaction is left.
+    sqlite3_exec(db_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
 std::vector<std::string> SqliteConnection::tableNames() {

@@ -14,7 +14,11 @@
 //   - busy_timeout=5000 ms: a second process (another workstation on a
 //     shared file, the avlor command) waits for a write in progress instead
 //     of failing at once;
-//   - autocommit: every Update and Delete is its own transaction.
+//   - autocommit: every Update and Delete is its own transaction, except
+//     inside a transaction opened with beginTransaction (BEGIN IMMEDIATE:
+//     the write lock is taken at once, so that another program writing the
+//     same file makes the transaction wait, busy timeout, rather than fail
+//     half-way).
 #include <memory>
 #include <string>
 
@@ -43,6 +47,10 @@ public:
     [[nodiscard]] Value singleValue(const std::string& statement) override;
     void executeScript(const std::string& script) override;
     [[nodiscard]] std::vector<std::string> tableNames() override;
+    void beginTransaction() override;
+    void commitTransaction() override;
+    void rollbackTransaction() noexcept override;
+    [[nodiscard]] bool inTransaction() const noexcept override { return inTransaction_; }
 
     // Runs the schema scripts of a new database, as one transaction.
     void installSchema();
@@ -69,6 +77,7 @@ private:
     std::string location_;
     std::unique_ptr<sqlite3, Closer> db_;
     SqliteStatementCache statements_{128};
+    bool inTransaction_ = false;
 };
 
 } // namespace avlor

@@ -1,15 +1,17 @@
 #pragma once
 // Connection: one open practice database, as the record-access classes see
-// it whatever the backend (SQLite now, PostgreSQL for a shared server). Each
-// backend implements it in its own sources; driver headers stay there.
+// it whatever the backend (a SQLite file, or PostgreSQL for a shared
+// server). Each backend implements it in its own sources; driver headers
+// stay there.
 //
 // Promises of every backend:
 //   - statements run exactly as the application wrote them, through the
 //     backend's Dialect, one statement at a time;
 //   - every change a record set writes (Update, Delete) is committed when the
-//     call returns: there is no transaction spanning several calls, so rows
-//     written before a later failure stay written, and a crash never leaves
-//     a half-written row;
+//     call returns, so rows written before a later failure stay written, and
+//     a crash never leaves a half-written row; the one exception is a
+//     transaction opened on purpose (TransactionScope below), whose changes
+//     are kept together or not at all;
 //   - a failure raises DataError with the database's own message and the
 //     statement.
 // A connection is used from one thread at a time: the component runs on the
@@ -17,6 +19,7 @@
 // opening one per routine costs nothing.
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "avlor/core/Value.h"
@@ -51,6 +54,51 @@ public:
 
     // The names of the database's tables, in alphabetical order.
     [[nodiscard]] virtual std::vector<std::string> tableNames() = 0;
+
+    // One transaction over several writes (loading a whole fee table, for
+    // one): between beginTransaction and commitTransaction every write of
+    // every record set and script on this connection belongs to it, and
+    // other connections see none of it until the commit. Transactions do not
+    // nest: beginning a second one raises DataError. A failure of commit
+    // (DataError) leaves nothing of the transaction. rollbackTransaction
+    // drops whatever the transaction wrote and never fails; without an open
+    // transaction it does nothing. Prefer TransactionScope.
+    virtual void beginTransaction() = 0;
+    virtual void commitTransaction() = 0;
+    virtual void rollbackTransaction() noexcept = 0;
+    [[nodiscard]] virtual bool inTransaction() const noexcept = 0;
+};
+
+// TransactionScope: a transaction on `connection` for the lifetime of the
+// scope. Its writes stay only if commit() is called; leaving the scope
+// otherwise (an error, an early return) rolls them back.
+//
+//     TransactionScope transaction(connection);
+//     ... writes through record sets on `connection` ...
+//     transaction.commit();
+class TransactionScope {
+public:
+    explicit TransactionScope(std::shared_ptr<Connection> connection) : connection_(std::move(connection)) {
+        connection_->beginTransaction();
+    }
+    ~TransactionScope() {
+        if (open_) {
+            connection_->rollbackTransaction();
+        }
+    }
+    TransactionScope(const TransactionScope&) = delete;
+    TransactionScope& operator=(const TransactionScope&) = delete;
+
+    // Makes the writes of the scope durable. After a failed commit the
+    // transaction is over and nothing of it stays.
+    void commit() {
+        open_ = false;
+        connection_->commitTransaction();
+    }
+
+private:
+    std::shared_ptr<Connection> connection_;
+    bool open_ = true;
 };
 
 } // namespace avlor
