@@ -9,6 +9,9 @@
 
 #include "avlor/data/Connection.h"
 #include "avlor/data/DataError.h"
+#include "postgresql/PgConnection.h"
+#include "postgresql/PgDatabase.h"
+#include "postgresql/PgLocation.h"
 #include "sqlite/SqliteConnection.h"
 #include "sqlite/SqliteDatabase.h"
 
@@ -32,30 +35,31 @@ std::string environment(const char* name) {
     return value != nullptr ? std::string(value) : std::string();
 }
 
-bool isServerLocation(const std::string& location) {
-    return location.rfind("postgresql://", 0) == 0 || location.rfind("postgres://", 0) == 0;
-}
-
 void requireLocation(const std::string& location) {
     if (location.empty()) {
         throw DataError("No database location given");
     }
 }
 
-// The backend of a location. A server URI goes to the PostgreSQL backend,
-// which plugs in here and in makeDatabase; anything else is a SQLite file.
+// The backend of a location: a "postgresql://" or "postgres://" URI names a
+// database on a PostgreSQL server; anything else is a SQLite file.
 std::shared_ptr<Connection> openDatabase(const std::string& location) {
-    if (isServerLocation(location)) {
-        throw DataError("PostgreSQL databases are not available in this build", location);
+    if (isPgLocation(location)) {
+        return PgConnection::connect(location);
     }
     return SqliteConnection::connect(location);
 }
 
 std::shared_ptr<Connection> makeDatabase(const std::string& location) {
-    if (isServerLocation(location)) {
-        throw DataError("PostgreSQL databases are not available in this build", location);
+    if (isPgLocation(location)) {
+        return createPgPracticeDatabase(location);
     }
     return createSqlitePracticeDatabase(location);
+}
+
+// The location as messages show it (without a server password).
+std::string shownLocation(const std::string& location) {
+    return isPgLocation(location) ? shownPgLocation(location) : location;
 }
 
 std::string homeFolder() {
@@ -137,7 +141,7 @@ void createPracticeDatabase(const std::string& location) {
     Registry& r = registry();
     const std::lock_guard lock(r.mutex);
     if (r.pool.count(location) != 0) {
-        throw DataError("A database already exists at this location; it is left untouched", location);
+        throw DataError("A database already exists at this location; it is left untouched", shownLocation(location));
     }
     r.pool.emplace(location, makeDatabase(location));
 }

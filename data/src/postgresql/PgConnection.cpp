@@ -1,0 +1,435 @@
+#include "postgresql/PgConnection.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include <unistd.h>
+
+#include "BufferedRecordSet.h"
+#include "SchemaScripts.h"
+#include "avlor/data/DataError.h"
+#include "postgresql/PgLocation.h"
+#include "postgresql/PgRowSource.h"
+#include "postgresql/PgStatementShape.h"
+#include "postgresql/PostgresqlDialect.h"
+#include "postgresql/SchemaSpelling.h"
+
+namespace avlor {
+
+namespace {
+
+// SQLSTATE of the failures the layer tells apart.
+constexpr const char* UndefinedTable = "42P01";
+constexpr const char* ReadOnlyTransaction = "25006";
+constexpr const char* ConnectionFailure = "08006";
+constexpr const char* CannotConnect = "08001";
+
+// The settings every session runs with (see PgConnection.h).
+constexpr const char* SessionSettings =
+    "SET DateStyle = 'ISO, DMY'; SET IntervalStyle = 'postgres'; SET extra_float_digits = 1; "
+    "SET standard_conforming_strings = on; SET default_transaction_read_only = on";
+
+// Serialises the making of practice schemas in one database.
+constexpr const char* SchemaLock = "SELECT pg_catalog.pg_advisory_xact_lock(7347301501)";
+
+// libpq's messages end with a line break and may span lines; one line reads
+// better inside a DataError.
+std::string oneLine(const char* message) {
+    std::string text;
+    bool blank = false;
+    for (const char* c = message != nullptr ? message : ""; *c != '\0'; ++c) {
+        if (std::isspace(static_cast<unsigned char>(*c)) != 0) {
+            blank = !text.empty();
+            continue;
+        }
+        if (blank) {
+            text += ' ';
+            blank = false;
+        }
+        text += *c;
+    }
+    return text;
+}
+
+// The server's notices (a NOTICE of DROP ... IF EXISTS) are of no use to the
+// host and must not reach its standard error.
+void ignoreNotice(void* /*unused*/, const char* /*message*/) {}
+
+std::string field(const PGresult* result, int code) {
+    const char* value = result != nullptr ? PQresultErrorField(result, code) : nullptr;
+    return value != nullptr ? value : "";
+}
+
+} // namespace
+
+std::shared_ptr<PgConnection> PgConnection::connect(const std::string& location) {
+    std::shared_ptr<PgConnection> connection(new PgConnection(location, nullptr));
+    connection->openSession();
+    return connection;
+}
+
+PgConnection::PgConnection(std::string location, PGconn* session)
+    : location_(std::move(location)), shown_(shownPgLocation(location_)), session_(session) {}
+
+PgConnection::~PgConnection() { dropSession(); }
+
+const Dialect& PgConnection::dialect() const { return PostgresqlDialect::instance(); }
+
+void PgConnection::openSession() {
+    // Defaults first, so that the location can change them; the encoding
+    // last, so that it cannot.
+    const char* const keywords[] = {"connect_timeout", "fallback_application_name", "dbname", "client_encoding",
+                                    nullptr};
+    const char* const values[] = {"10", "AvlorLogic", location_.c_str(), "UTF8", nullptr};
+    PGconn* session = PQconnectdbParams(keywords, values, 1);
+    if (session == nullptr) {
+        throw DataError("Cannot connect to the PostgreSQL server: out of memory", shown_, CannotConnect);
+    }
+    if (PQstatus(session) != CONNECTION_OK) {
+        const std::string message = oneLine(PQerrorMessage(session));
+        PQfinish(session);
+        throw DataError("Cannot connect to the PostgreSQL server: " + message, shown_, CannotConnect);
+    }
+    PQsetNoticeProcessor(session, ignoreNotice, nullptr);
+    const PgResult settings(PQexec(session, SessionSettings));
+    if (PQresultStatus(settings.get()) != PGRES_COMMAND_OK) {
+        const std::string message = oneLine(PQresultErrorMessage(settings.get()));
+        const std::string code = field(settings.get(), PG_DIAG_SQLSTATE);
+        PQfinish(session);
+        throw DataError("Cannot set up the session on the PostgreSQL server: " + message, shown_, code);
+    }
+    session_ = session;
+    owner_ = getpid();
+}
+
+void PgConnection::dropSession() noexcept {
+    // A session inherited across fork belongs to the parent: closing it here
+    // would end the parent's session (libpq says goodbye on the shared
+    // socket), so the child only forgets it.
+    if (session_ != nullptr && owner_ == getpid()) {
+        PQfinish(session_);
+    }
+    session_ = nullptr;
+}
+
+PGconn* PgConnection::session() {
+    if (session_ != nullptr && owner_ != getpid()) {
+        dropSession();
+        transaction_ = Transaction::None;
+    }
+    if (session_ != nullptr && PQstatus(session_) == CONNECTION_OK) {
+        return session_;
+    }
+    if (transaction_ != Transaction::None) {
+        transaction_ = Transaction::Lost;
+        throw DataError("The connection to the PostgreSQL server was lost during a transaction; none of its changes "
+                        "were kept",
+                        shown_, ConnectionFailure);
+    }
+    dropSession();
+    openSession();
+    return session_;
+}
+
+void PgConnection::fail(const PGresult* result, const std::string& reportAs) {
+    std::string message = field(result, PG_DIAG_MESSAGE_PRIMARY);
+    std::string code = field(result, PG_DIAG_SQLSTATE);
+    if (const std::string detail = field(result, PG_DIAG_MESSAGE_DETAIL); !message.empty() && !detail.empty()) {
+        message += " (" + detail + ")";
+    }
+    if (message.empty()) {
+        message = oneLine(result != nullptr ? PQresultErrorMessage(result) : PQerrorMessage(session_));
+    }
+    if (session_ == nullptr || PQstatus(session_) != CONNECTION_OK) {
+        if (transaction_ == Transaction::Open) {
+            transaction_ = Transaction::Lost;
+        }
+        throw DataError("The connection to the PostgreSQL server was lost: " + message, reportAs,
+                        code.empty() ? ConnectionFailure : code);
+    }
+    if (code == ReadOnlyTransaction) {
+        throw DataError("Not a query: only a SELECT statement or a table name can be opened (" + message + ")",
+                        reportAs, code);
+    }
+    if (code == UndefinedTable && transaction_ == Transaction::None) {
+        // A database made without the practice schema (the wrong database
+        // named, or never initialised) is told as such.
+        const PgResult probe(PQexec(session_, "SELECT pg_catalog.to_regclass('versioni') IS NULL"));
+        if (PQresultStatus(probe.get()) == PGRES_TUPLES_OK && PQntuples(probe.get()) == 1 &&
+            std::string(PQgetvalue(probe.get(), 0, 0)) == "t") {
+            message = "The database " + shown_ + " holds no practice schema (make one with avlor db init): " + message;
+        }
+    }
+    throw DataError(message, reportAs, code);
+}
+
+PgResult PgConnection::run(const std::string& sql, const PgParameters& parameters, const std::string& reportAs) {
+    PGconn* live = session();
+    std::vector<const char*> values;
+    values.reserve(parameters.size());
+    for (const auto& value : parameters) {
+        values.push_back(value ? value->c_str() : nullptr);
+    }
+    PgResult result(PQexecParams(live, sql.c_str(), static_cast<int>(values.size()), nullptr, values.data(), nullptr,
+                                 nullptr, 0));
+    const ExecStatusType status = result ? PQresultStatus(result.get()) : PGRES_FATAL_ERROR;
+    if (status == PGRES_TUPLES_OK || status == PGRES_COMMAND_OK) {
+        return result;
+    }
+    if (status == PGRES_EMPTY_QUERY) {
+        throw DataError("No statement to run", reportAs);
+    }
+    fail(result.get(), reportAs);
+}
+
+void PgConnection::command(const char* sql, const std::string& reportAs) { (void)run(sql, {}, reportAs); }
+
+PgResult PgConnection::query(const std::string& sql, const PgParameters& parameters, const std::string& reportAs) {
+    return run(sql, parameters, reportAs);
+}
+
+PgResult PgConnection::describe(const std::string& sql, const std::string& reportAs) {
+    PGconn* live = session();
+    const PgResult prepared(PQprepare(live, "", sql.c_str(), 0, nullptr));
+    if (PQresultStatus(prepared.get()) == PGRES_EMPTY_QUERY) {
+        throw DataError("No statement to run", reportAs);
+    }
+    if (PQresultStatus(prepared.get()) != PGRES_COMMAND_OK) {
+        fail(prepared.get(), reportAs);
+    }
+    PgResult described(PQdescribePrepared(live, ""));
+    if (PQresultStatus(described.get()) != PGRES_COMMAND_OK) {
+        fail(described.get(), reportAs);
+    }
+    return described;
+}
+
+void PgConnection::rollbackQuietly() noexcept {
+    if (session_ != nullptr && owner_ == getpid() && PQstatus(session_) == CONNECTION_OK &&
+        PQtransactionStatus(session_) != PQTRANS_IDLE) {
+        PQclear(PQexec(session_, "ROLLBACK"));
+    }
+}
+
+PgResult PgConnection::write(const std::string& sql, const PgParameters& parameters, const std::string& reportAs) {
+    if (transaction_ != Transaction::None) {
+        return run(sql, parameters, reportAs);
+    }
+    command("BEGIN READ WRITE", reportAs);
+    try {
+        PgResult result = run(sql, parameters, reportAs);
+        command("COMMIT", reportAs);
+        return result;
+    } catch (...) {
+        rollbackQuietly();
+        throw;
+    }
+}
+
+std::shared_ptr<RecordSet> PgConnection::open(const std::string& source, bool editable) {
+    // A whole table opened to add rows is read only if its rows are needed.
+    const bool deferred = editable && Dialect::isBareTableName(source);
+    auto rows = std::make_unique<PgRowSource>(shared_from_this(), source, dialect().translate(source), editable,
+                                              deferred);
+    return std::make_shared<BufferedRecordSet>(
+        std::move(rows), editable ? BufferedRecordSet::Mode::Editable : BufferedRecordSet::Mode::ReadOnly,
+        deferred ? BufferedRecordSet::Fetch::WhenNeeded : BufferedRecordSet::Fetch::Now);
+}
+
+Value PgConnection::singleValue(const std::string& statement) {
+    const std::string sql = dialect().translate(statement);
+    requirePgQuery(sql, statement);
+    const PgResult result = query(sql, {}, statement);
+    if (PQnfields(result.get()) == 0) {
+        throw DataError("Not a query: only a SELECT statement gives a value", statement);
+    }
+    if (PQntuples(result.get()) == 0) {
+        return Value();
+    }
+    if (PQgetisnull(result.get(), 0, 0) != 0) {
+        return Value::null();
+    }
+    const char* name = PQfname(result.get(), 0);
+    try {
+        return readPgValue(pgKind(PQftype(result.get(), 0), PQfmod(result.get(), 0)), PQgetvalue(result.get(), 0, 0),
+                           name != nullptr ? name : "");
+    } catch (const DataError& error) {
+        throw DataError(error.what(), statement);
+    }
+}
+
+void PgConnection::runStatements(const std::vector<std::string>& statements) {
+    for (const std::string& statement : statements) {
+        (void)run(dialect().translate(statement), {}, statement);
+    }
+}
+
+void PgConnection::executeScript(const std::string& script) {
+    const std::vector<std::string> statements = Dialect::splitScript(script);
+    if (statements.empty()) {
+        return;
+    }
+    if (transaction_ != Transaction::None) {
+        command("SAVEPOINT avlor_script", "SAVEPOINT");
+        try {
+            runStatements(statements);
+            command("RELEASE SAVEPOINT avlor_script", "RELEASE");
+        } catch (...) {
+            if (transaction_ == Transaction::Open && session_ != nullptr) {
+                PQclear(PQexec(session_, "ROLLBACK TO SAVEPOINT avlor_script; RELEASE SAVEPOINT avlor_script"));
+            }
+            throw;
+        }
+        return;
+    }
+    if (statements.size() == 1) {
+        command("SET default_transaction_read_only = off", statements.front());
+        try {
+            runStatements(statements);
+        } catch (...) {
+            if (session_ != nullptr && PQstatus(session_) == CONNECTION_OK) {
+                PQclear(PQexec(session_, "SET default_transaction_read_only = on"));
+            }
+            throw;
+        }
+        command("SET default_transaction_read_only = on", statements.front());
+        return;
+    }
+    command("BEGIN READ WRITE", "BEGIN");
+    try {
+        runStatements(statements);
+        command("COMMIT", "COMMIT");
+    } catch (...) {
+        rollbackQuietly();
+        throw;
+    }
+}
+
+std::vector<std::string> PgConnection::tableNames() {
+    const PgResult result =
+        query("SELECT c.relname FROM pg_catalog.pg_class c WHERE c.relkind IN ('r', 'p') AND c.relnamespace = "
+              "pg_catalog.to_regnamespace(pg_catalog.current_schema())",
+              {}, "table names");
+    std::vector<std::string> names;
+    for (int row = 0; row < PQntuples(result.get()); ++row) {
+        names.push_back(spelledTable(PQgetvalue(result.get(), row, 0)));
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+void PgConnection::beginTransaction() {
+    if (transaction_ != Transaction::None) {
+        throw DataError("A transaction is already open on this connection", shown_);
+    }
+    command("BEGIN READ WRITE", "BEGIN");
+    transaction_ = Transaction::Open;
+}
+
+void PgConnection::commitTransaction() {
+    if (transaction_ == Transaction::None) {
+        throw DataError("No transaction is open on this connection", shown_);
+    }
+    if (transaction_ == Transaction::Lost) {
+        transaction_ = Transaction::None;
+        throw DataError("The connection to the PostgreSQL server was lost during the transaction; none of its "
+                        "changes were kept",
+                        shown_, ConnectionFailure);
+    }
+    try {
+        const PgResult result = run("COMMIT", {}, "COMMIT");
+        transaction_ = Transaction::None;
+        // The server answers ROLLBACK to the COMMIT of a transaction that a
+        // failed statement has spoilt.
+        if (std::string(PQcmdStatus(result.get())) == "ROLLBACK") {
+            throw DataError("The transaction was rolled back: one of its statements failed", shown_, "25P02");
+        }
+    } catch (...) {
+        transaction_ = Transaction::None;
+        rollbackQuietly();
+        throw;
+    }
+}
+
+void PgConnection::rollbackTransaction() noexcept {
+    if (transaction_ == Transaction::None) {
+        return;
+    }
+    transaction_ = Transaction::None;
+    rollbackQuietly();
+}
+
+void PgConnection::installSchema() {
+    const std::vector<SchemaScript> scripts = schemaScripts(dialect().name());
+    if (scripts.empty()) {
+        throw DataError("No schema scripts are built into this library", shown_);
+    }
+    command("BEGIN READ WRITE", "BEGIN");
+    try {
+        command(SchemaLock, "schema lock");
+        const PgResult tables = query(
+            "SELECT count(*) FROM pg_catalog.pg_class c JOIN pg_catalog.pg_namespace n ON n.oid = c.relnamespace "
+            "WHERE c.relkind IN ('r', 'p', 'v', 'm', 'f') AND n.nspname NOT IN ('pg_catalog', 'information_schema') "
+            "AND n.nspname NOT LIKE 'pg\\_toast%' AND n.nspname NOT LIKE 'pg\\_temp\\_%'",
+            {}, "table count");
+        if (std::string(PQgetvalue(tables.get(), 0, 0)) != "0") {
+            throw DataError("The database already holds tables; it is left untouched", shown_);
+        }
+        for (const SchemaScript& script : scripts) {
+            const std::string sql(script.sql);
+            const PgResult result(PQexec(session_, sql.c_str()));
+            if (PQresultStatus(result.get()) != PGRES_COMMAND_OK) {
+                fail(result.get(), "schema script " + std::string(script.name));
+            }
+        }
+        command("COMMIT", "COMMIT");
+    } catch (...) {
+        rollbackQuietly();
+        throw;
+    }
+}
+
+std::shared_ptr<const PgTable> PgConnection::findTable(const std::string& name) {
+    const PgResult result = query(
+        "SELECT c.oid, c.oid::pg_catalog.regclass::text, c.relname, c.relkind IN ('r', 'p'), a.attnum, a.attname, "
+        "a.atttypid, a.atttypmod, coalesce(a.attnum = ANY (i.indkey), false) "
+        "FROM pg_catalog.pg_class c "
+        "JOIN pg_catalog.pg_attribute a ON a.attrelid = c.oid AND a.attnum > 0 AND NOT a.attisdropped "
+        "LEFT JOIN pg_catalog.pg_index i ON i.indrelid = c.oid AND i.indisprimary "
+        "WHERE c.oid = pg_catalog.to_regclass($1) ORDER BY a.attnum",
+        {name}, "columns of " + name);
+    const int rows = PQntuples(result.get());
+    if (rows == 0) {
+        return nullptr;
+    }
+    auto table = std::make_shared<PgTable>();
+    table->oid = static_cast<std::uint32_t>(std::stoul(PQgetvalue(result.get(), 0, 0)));
+    table->reference = PQgetvalue(result.get(), 0, 1);
+    table->name = PQgetvalue(result.get(), 0, 2);
+    table->writable = std::string(PQgetvalue(result.get(), 0, 3)) == "t";
+    for (int row = 0; row < rows; ++row) {
+        const int attribute = std::stoi(PQgetvalue(result.get(), row, 4));
+        const std::string column = PQgetvalue(result.get(), row, 5);
+        table->columns[attribute] = column;
+        table->kinds[attribute] = pgKind(static_cast<std::uint32_t>(std::stoul(PQgetvalue(result.get(), row, 6))),
+                                         std::stoi(PQgetvalue(result.get(), row, 7)));
+        if (std::string(PQgetvalue(result.get(), row, 8)) == "t") {
+            table->key.push_back(column);
+        }
+    }
+    tableNames_[table->oid] = table->name;
+    return table;
+}
+
+std::string PgConnection::tableNameOf(std::uint32_t oid) {
+    if (const auto known = tableNames_.find(oid); known != tableNames_.end()) {
+        return known->second;
+    }
+    const PgResult result =
+        query("SELECT relname FROM pg_catalog.pg_class WHERE oid = $1", {std::to_string(oid)}, "table name");
+    std::string name = PQntuples(result.get()) == 1 ? PQgetvalue(result.get(), 0, 0) : "";
+    tableNames_[oid] = name;
+    return name;
+}
+
+} // namespace avlor
