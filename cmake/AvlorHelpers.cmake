@@ -36,16 +36,64 @@ function(avlor_module name)
   set_property(GLOBAL APPEND PROPERTY AVLOR_MODULES avlor_${name})
 endfunction()
 
-# avlor_test(NAME SOURCES... LIBS targets...): one GoogleTest program whose
-# cases CTest lists one by one.
+# avlor_test(NAME SOURCES... LIBS targets... [BACKENDS backends...]): one
+# GoogleTest program whose cases CTest lists one by one.
+#
+# A suite over the practice database (one that links a module reaching it:
+# data, engine, access, component) runs on both backends: its cases are
+# listed once as they are (SQLite) and, when AVLOR_POSTGRES_TESTS is on,
+# once more prefixed "pg." with AVLOR_TEST_BACKEND=postgresql, so that
+# tests/support/TestDatabase.h makes its databases on the PostgreSQL server
+# named by AVLOR_TEST_PG_URI in the environment of ctest (scripts/test.sh
+# starts a throwaway server). BACKENDS overrides the choice: "postgresql"
+# alone for a suite of the server backend's own (listed with the "pg."
+# prefix, only when AVLOR_POSTGRES_TESTS is on; built in any case), "sqlite"
+# alone for a suite that must not run twice.
 function(avlor_test name)
-  cmake_parse_arguments(T "" "" "SOURCES;LIBS" ${ARGN})
+  cmake_parse_arguments(T "" "" "SOURCES;LIBS;BACKENDS" ${ARGN})
+  set(backends ${T_BACKENDS})
+  if(NOT backends)
+    set(backends sqlite)
+    foreach(lib IN ITEMS avlor_data avlor_engine avlor_access avlor_component)
+      if(lib IN_LIST T_LIBS)
+        set(backends sqlite postgresql)
+      endif()
+    endforeach()
+  endif()
+  if(NOT AVLOR_POSTGRES_TESTS)
+    list(REMOVE_ITEM backends postgresql)
+  endif()
+
   add_executable(${name} ${T_SOURCES})
   target_link_libraries(${name} PRIVATE ${T_LIBS} GTest::gmock GTest::gtest_main)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support)
   avlor_target_settings(${name})
-  gtest_discover_tests(${name}
-    WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
-    PROPERTIES ENVIRONMENT "AVLOR_SOURCE_DIR=${PROJECT_SOURCE_DIR};AVLOR_SHARED_DIR=${PROJECT_SOURCE_DIR}/../shared"
-    DISCOVERY_TIMEOUT 60)
+  set(environment AVLOR_SOURCE_DIR=${PROJECT_SOURCE_DIR} AVLOR_SHARED_DIR=${PROJECT_SOURCE_DIR}/../shared)
+  foreach(backend IN LISTS backends)
+    set(variables ${environment} AVLOR_TEST_BACKEND=${backend})
+    set(prefix "")
+    set(labels "")
+    if(backend STREQUAL "postgresql")
+      set(prefix "pg.")
+      set(labels LABELS postgresql)
+    endif()
+    # gtest_discover_tests hands a list-valued property on to the tests item
+    # by item (CMake 3.25), which keeps only the first variable. So it sets
+    # the one that must never be missing (the backend), and a file that
+    # CTest reads after the discovered tests sets the whole environment.
+    list(GET variables -1 essential)
+    set(tests_variable ${name}_${backend}_TESTS)
+    gtest_discover_tests(${name}
+      TEST_PREFIX "${prefix}"
+      TEST_LIST ${tests_variable}
+      WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
+      PROPERTIES ENVIRONMENT "${essential}" ${labels}
+      DISCOVERY_TIMEOUT 60)
+    set(environment_file ${CMAKE_CURRENT_BINARY_DIR}/${name}_${backend}_environment.cmake)
+    file(WRITE ${environment_file}
+      "if(DEFINED ${tests_variable})\n"
+      "  set_tests_properties(\${${tests_variable}} PROPERTIES ENVIRONMENT [==[${variables}]==])\n"
+      "endif()\n")
+    set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${environment_file})
+  endforeach()
 endfunction()

@@ -4,6 +4,9 @@
 # missing. Run as root, or as a user who may use sudo.
 set -euo pipefail
 
+# libpq-dev: the PostgreSQL backend of the data layer (always built).
+# postgresql: the server the test suite starts for its PostgreSQL runs
+# (AVLOR_WITH_POSTGRES_TESTS=1, as scripts/test.sh sets it).
 packages=(
   g++ cmake ninja-build pkg-config git
   libsqlite3-dev sqlite3

@@ -48,4 +48,10 @@ protected:
 
 inline Value id(std::int32_t value) { return Value(value); }
 
+// The reads that fail half-way on a user id that is no number ('nove')
+// rest on SQLite keeping such a text in an INTEGER column; a column of the
+// server refuses the value when it is written (tests/postgresql shows it).
+inline constexpr const char* TextInIntegerColumn =
+    "a text id in an INTEGER column is SQLite's dynamic typing; the server refuses to store it";
+
 } // namespace avlor::test

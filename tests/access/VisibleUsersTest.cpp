@@ -242,6 +242,7 @@ TEST_F(VisibleUsersTest, FailureReadingGroupsGivesOwnIdAlone) {
 // The level and the groups are read, and the members of the second group
 // fail half-way: nothing read so far is kept.
 TEST_F(VisibleUsersTest, FailureReadingMembersHalfWayGivesOwnIdAlone) {
+    AVLOR_SQLITE_ONLY(TextInIntegerColumn);
     addUser(5, fbGruppo);
     addMember(5, "Civile");
     addMember(5, "Penale");
@@ -254,6 +255,7 @@ TEST_F(VisibleUsersTest, FailureReadingMembersHalfWayGivesOwnIdAlone) {
 // The level is read, then reading the whole user table fails half-way on a
 // row whose id is no number.
 TEST_F(VisibleUsersTest, FailureReadingAllUsersHalfWayGivesOwnIdAlone) {
+    AVLOR_SQLITE_ONLY(TextInIntegerColumn);
     addUser(5, fbTutti);
     addUser(8, fbUtente);
     db.exec("CREATE TABLE UtentiNuovi (Id_Utente, LivelloRiservatezza);"

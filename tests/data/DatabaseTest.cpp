@@ -124,7 +124,7 @@ TEST(Pool, MissingDatabaseIsAnErrorAndIsNotCreated) {
     EXPECT_THROW((void)connectionFor(missing.string()), DataError);
     EXPECT_FALSE(std::filesystem::exists(missing));
     EXPECT_THROW((void)connectionFor(""), DataError);
-    EXPECT_THROW((void)connectionFor("postgresql://server/studio"), DataError);
+    EXPECT_THROW((void)connectionFor("postgresql://avlor@127.0.0.1:1/studio"), DataError);
     const ScopedHostDatabase restore;
     setCurrentDatabase(missing.string());
     clsAccessoDati data; // making it never fails
@@ -188,8 +188,20 @@ TEST(Create, InMemoryDatabase) {
     closeConnections(location);
 }
 
-TEST(Create, ServerLocationsAreNotThisBackend) {
-    EXPECT_THROW(createPracticeDatabase("postgresql://server/studio"), DataError);
+// Server locations go to the PostgreSQL backend, in both spellings of the
+// scheme; here nothing listens on the port.
+TEST(Create, ServerLocationsGoToThePostgresqlBackend) {
+    for (const char* location : {"postgresql://avlor@127.0.0.1:1/studio", "postgres://avlor@127.0.0.1:1/studio"}) {
+        try {
+            createPracticeDatabase(location);
+            FAIL() << location;
+        } catch (const DataError& error) {
+            EXPECT_NE(std::string(error.what()).find("Cannot connect to the PostgreSQL server"), std::string::npos)
+                << error.what();
+            EXPECT_EQ(error.statement(), location);
+        }
+        EXPECT_THROW((void)connectionFor(location), DataError);
+    }
 }
 
 } // namespace

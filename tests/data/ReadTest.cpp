@@ -205,10 +205,13 @@ void expectRejected(const std::string& statement, const std::string& message) {
 }
 
 TEST_F(PracticeTest, RejectedStatements) {
+    using test::TestDatabase;
     expectRejected("SELEC * FROM Azioni", "syntax error");
-    expectRejected("SELECT * FROM Azionii", "no such table: Azionii");
-    expectRejected("SELECT Nordine2 FROM Azioni", "no such column: Nordine2");
-    expectRejected("Pippo", "no such table: Pippo");
+    expectRejected("SELECT * FROM Azionii",
+                   TestDatabase::byBackend("no such table: Azionii", "relation \"azionii\" does not exist"));
+    expectRejected("SELECT Nordine2 FROM Azioni",
+                   TestDatabase::byBackend("no such column: Nordine2", "column \"nordine2\" does not exist"));
+    expectRejected("Pippo", TestDatabase::byBackend("no such table: Pippo", "relation \"pippo\" does not exist"));
     expectRejected("SELECT 1; SELECT 2", "Only one statement");
     expectRejected("", "No statement");
     expectRejected("DELETE FROM Azioni", "Not a query");
@@ -219,8 +222,11 @@ TEST_F(PracticeTest, ErrorsCarryTheDriverCode) {
         clsAccessoDati().Apri("SELEC * FROM Azioni", 0, 1, -1);
         FAIL();
     } catch (const DataError& error) {
-        EXPECT_EQ(error.driverCode(), "1"); // SQLITE_ERROR
-        EXPECT_EQ(std::string(error.what()), "near \"SELEC\": syntax error [SELEC * FROM Azioni]");
+        // SQLITE_ERROR; SQLSTATE syntax_error.
+        EXPECT_EQ(error.driverCode(), test::TestDatabase::byBackend("1", "42601"));
+        EXPECT_EQ(std::string(error.what()),
+                  test::TestDatabase::byBackend("near \"SELEC\": syntax error [SELEC * FROM Azioni]",
+                                                "syntax error at or near \"SELEC\" [SELEC * FROM Azioni]"));
     }
 }
 

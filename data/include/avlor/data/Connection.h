@@ -62,7 +62,11 @@ public:
     // nest: beginning a second one raises DataError. A failure of commit
     // (DataError) leaves nothing of the transaction. rollbackTransaction
     // drops whatever the transaction wrote and never fails; without an open
-    // transaction it does nothing. Prefer TransactionScope.
+    // transaction it does nothing. After a statement of the transaction
+    // fails, rolling back is the one certain way on: PostgreSQL refuses
+    // every further statement of it (and its commit), SQLite undoes the
+    // failed statement alone. A script that fails inside a transaction
+    // undoes itself alone on both. Prefer TransactionScope.
     virtual void beginTransaction() = 0;
     virtual void commitTransaction() = 0;
     virtual void rollbackTransaction() noexcept = 0;
