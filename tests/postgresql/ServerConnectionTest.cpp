@@ -223,5 +223,20 @@ TEST(ServerConnection, SessionCommandsAreNotQueries) {
     EXPECT_EQ(db.value("SELECT Data FROM Azioni").asDate(), Date::fromYmd(2004, 6, 2));
 }
 
+// A script is one unit of its own: a transaction command inside it is
+// refused before any of it runs.
+TEST(ServerConnection, ScriptsCannotBeginOrEndTransactions) {
+    TestDatabase db;
+    for (const char* script : {"INSERT INTO Azioni (IdPra) VALUES (5); COMMIT", "BEGIN; DELETE FROM Azioni",
+                               "START TRANSACTION", "INSERT INTO Azioni (IdPra) VALUES (5); ROLLBACK; SELECT 1",
+                               "SAVEPOINT x", "PREPARE TRANSACTION 'x'"}) {
+        EXPECT_THROW(db.exec(script), DataError) << script;
+    }
+    EXPECT_EQ(db.value("SELECT Count(*) FROM Azioni").asLong(), 0);
+    EXPECT_FALSE(db.connection()->inTransaction());
+    db.exec("INSERT INTO Azioni (IdPra, Descr) VALUES (5, 'Commit della pratica')");
+    EXPECT_EQ(db.value("SELECT Count(*) FROM Azioni").asLong(), 1);
+}
+
 } // namespace
 } // namespace avlor::test

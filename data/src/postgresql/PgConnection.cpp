@@ -266,6 +266,11 @@ void PgConnection::runStatements(const std::vector<std::string>& statements) {
 
 void PgConnection::executeScript(const std::string& script) {
     const std::vector<std::string> statements = Dialect::splitScript(script);
+    for (const std::string& statement : statements) {
+        if (isTransactionCommand(statement)) {
+            throw DataError("A script runs as one unit of its own: it cannot begin or end transactions", statement);
+        }
+    }
     if (statements.empty()) {
         return;
     }

@@ -74,6 +74,8 @@ public:
     // statements the server refuses inside a transaction block (CREATE
     // DATABASE, for tools) can be run; a longer script runs as one
     // transaction; inside an open transaction the script is a savepoint.
+    // Transaction commands (BEGIN, COMMIT...) are refused before anything
+    // runs.
     void executeScript(const std::string& script) override;
     [[nodiscard]] std::vector<std::string> tableNames() override;
     void beginTransaction() override;

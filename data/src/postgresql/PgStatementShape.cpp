@@ -90,6 +90,20 @@ void requirePgQuery(std::string_view sql, const std::string& reportAs) {
     }
 }
 
+bool isTransactionCommand(std::string_view sql) {
+    const std::vector<SqlToken> tokens = lexSql(sql);
+    const std::size_t first = nextMeaningful(tokens, 0);
+    if (first == tokens.size()) {
+        return false;
+    }
+    if (isKeyword(tokens[first], "PREPARE")) {
+        const std::size_t next = nextMeaningful(tokens, first + 1);
+        return next < tokens.size() && isKeyword(tokens[next], "TRANSACTION");
+    }
+    return isAnyKeyword(tokens[first],
+                        {"BEGIN", "START", "COMMIT", "END", "ROLLBACK", "ABORT", "SAVEPOINT", "RELEASE"});
+}
+
 std::optional<SingleTableQuery> singleTableQuery(std::string_view sql, std::string& whyNot) {
     const std::vector<SqlToken> tokens = lexSql(sql);
     const std::size_t select = nextMeaningful(tokens, 0);

@@ -18,6 +18,12 @@ namespace avlor {
 // Text that starts no command is left to the server's syntax error.
 void requirePgQuery(std::string_view sql, const std::string& reportAs);
 
+// True when `sql` starts or ends a transaction or a savepoint (BEGIN,
+// START, COMMIT, END, ROLLBACK, ABORT, SAVEPOINT, RELEASE, PREPARE
+// TRANSACTION): commands that only the layer itself may give, since it keeps
+// track of the session's transaction.
+[[nodiscard]] bool isTransactionCommand(std::string_view sql);
+
 // A plain query of one table: SELECT [ALL] <columns> FROM <table> [[AS]
 // alias] followed by no other table (no ',' or JOIN) and no DISTINCT, GROUP
 // BY or compound query at the top level.
