@@ -10,11 +10,6 @@
 
 namespace avlor::cli {
 
-bool isServerLocation(const std::string& location)
-{
-    return location.rfind("postgresql://", 0) == 0 || location.rfind("postgres://", 0) == 0;
-}
-
 // The file behind a SQLite location: a plain path, or the path part of a
 // "file:" URI.
 std::string sqliteFile(const std::string& location)
@@ -57,7 +52,7 @@ void Context::openPracticeDatabase() const
     try {
         (void)clsValoreSql::instance().ValoreSql("SELECT Versione FROM Versioni");
     } catch (const DataError& e) {
-        throw CommandError(where + " is not a practice database (" + e.what() + ")");
+        throw CommandError(shownLocation(where) + " is not a practice database (" + e.what() + ")");
     }
 }
 

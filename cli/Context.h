@@ -17,8 +17,6 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-// True for a postgresql:// location (a shared server).
-[[nodiscard]] bool isServerLocation(const std::string& location);
 // The file behind a SQLite location: a plain path, or the path of a file: URI.
 [[nodiscard]] std::string sqliteFile(const std::string& location);
 

@@ -66,14 +66,14 @@ void addDbCommands(CLI::App& app, Context& context)
         for (const auto& table : loaded.tables)
             items += table.added + table.replaced;
         if (context.json) {
-            *context.out << nlohmann::ordered_json{{"risultato", {{"database", where},
+            *context.out << nlohmann::ordered_json{{"risultato", {{"database", shownLocation(where)},
                                                           {"tabelle", loaded.tables.size()},
                                                           {"voci", items},
                                                           {"demo", options->demo}}}}
                                 .dump()
                          << '\n';
         } else {
-            *context.out << "Created the practice database " << where << " with " << items
+            *context.out << "Created the practice database " << shownLocation(where) << " with " << items
                          << " official fee items in " << loaded.tables.size() << " tables"
                          << (options->demo ? " and the sample firm" : "") << ".\n";
         }

@@ -57,11 +57,6 @@ std::shared_ptr<Connection> makeDatabase(const std::string& location) {
     return createSqlitePracticeDatabase(location);
 }
 
-// The location as messages show it (without a server password).
-std::string shownLocation(const std::string& location) {
-    return isPgLocation(location) ? shownPgLocation(location) : location;
-}
-
 std::string homeFolder() {
     std::string home = environment("HOME");
     if (home.empty()) {
@@ -144,6 +139,12 @@ void createPracticeDatabase(const std::string& location) {
         throw DataError("A database already exists at this location; it is left untouched", shownLocation(location));
     }
     r.pool.emplace(location, makeDatabase(location));
+}
+
+bool isServerLocation(const std::string& location) { return isPgLocation(location); }
+
+std::string shownLocation(const std::string& location) {
+    return isPgLocation(location) ? shownPgLocation(location) : location;
 }
 
 } // namespace avlor

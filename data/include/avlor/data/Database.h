@@ -5,13 +5,20 @@
 // --db) set with setCurrentDatabase; the environment variable AVLOR_DB; the
 // per-user file $XDG_DATA_HOME/avlor/avlor.db (~/.local/share/avlor/avlor.db
 // when XDG_DATA_HOME is unset). A location is a file path, a "file:" SQLite
-// URI, or a "postgresql://" URI for a shared server.
+// URI, or a "postgresql://" (or "postgres://") URI for a shared server. On a
+// server the database itself must already exist, made by the firm's
+// administrator; createPracticeDatabase then lays out the schema in it.
 #include <memory>
 #include <string>
 
 namespace avlor {
 
 class Connection;
+
+// True for a location on a PostgreSQL server ("postgresql://", "postgres://").
+[[nodiscard]] bool isServerLocation(const std::string& location);
+// The location as messages show it: a server password replaced by "***".
+[[nodiscard]] std::string shownLocation(const std::string& location);
 
 // Sets the database of this process; an empty text returns to the default.
 void setCurrentDatabase(const std::string& location);
@@ -33,7 +40,7 @@ void closeConnections(const std::string& location);
 // Creates a new practice database at `location` with the whole schema and
 // its version row. Refuses (DataError) to touch a database that already
 // exists or already holds tables: for a file, any existing file, even an
-// empty one, is refused. The folder of the file is made when missing. The
+// empty one, is refused; on a server, a database holding any table. The folder of the file is made when missing. The
 // new database has one ConfigGenerale row (ValutaDefault "EURO",
 // CambioLiraEuro 1936.27) and Versioni 1; its connection joins the pool.
 void createPracticeDatabase(const std::string& location);
