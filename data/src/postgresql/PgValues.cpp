@@ -8,6 +8,7 @@
 
 #include "avlor/core/Error.h"
 #include "avlor/core/Locale.h"
+#include "StoredValues.h"
 #include "avlor/data/DataError.h"
 
 namespace avlor {
@@ -98,36 +99,6 @@ Value dateText(std::string_view text, std::string_view column) {
     badText(column, text, "a date the application can hold");
 }
 
-Date dateOf(const Value& value) {
-    if (value.kind() == ValueKind::Text) {
-        if (const auto iso = Date::parseIso(value.asText())) {
-            return *iso;
-        }
-    }
-    return value.toDate();
-}
-
-// A whole number for an integer column: rounded halves to even, Long when it
-// fits in 32 bits, a whole Double up to the 64-bit range.
-Value integerOf(const Value& value) {
-    switch (value.kind()) {
-    case ValueKind::Boolean:
-    case ValueKind::Integer:
-    case ValueKind::Long:
-        return Value::longValue(value.toLong());
-    default:
-        break;
-    }
-    const double rounded = roundHalfEven(value.toDouble());
-    if (rounded >= std::numeric_limits<std::int32_t>::min() && rounded <= std::numeric_limits<std::int32_t>::max()) {
-        return Value::longValue(static_cast<std::int32_t>(rounded));
-    }
-    if (std::fabs(rounded) < 9.2e18) {
-        return Value::dbl(rounded);
-    }
-    throw ValueError(ValueError::Kind::Overflow, "Overflow: " + value.toText(Locale::neutral()));
-}
-
 std::string doubleParameter(double number, bool whole) {
     if (std::isnan(number)) {
         return "NaN";
@@ -213,10 +184,10 @@ Value normaliseForPg(PgKind kind, const Value& value) {
         return Value::boolean(value.toBool());
     case PgKind::Date:
     case PgKind::Timestamp:
-        return Value::date(dateOf(value));
+        return Value::date(storedDate(value));
     case PgKind::Integer:
     case PgKind::BigInteger:
-        return integerOf(value);
+        return storedWholeNumber(value);
     case PgKind::Real:
         return Value::dbl(value.toDouble());
     case PgKind::Text:

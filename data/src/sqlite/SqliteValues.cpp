@@ -9,6 +9,7 @@
 
 #include "avlor/core/Error.h"
 #include "avlor/core/Locale.h"
+#include "StoredValues.h"
 #include "avlor/data/DataError.h"
 
 namespace avlor {
@@ -53,13 +54,6 @@ std::optional<bool> booleanText(std::string_view text) {
 }
 
 // An ISO date, or the date part of an ISO date and time.
-std::optional<Date> isoDate(std::string_view text) {
-    if (text.size() > 10 && (text[10] == ' ' || text[10] == 'T')) {
-        text = text.substr(0, 10);
-    }
-    return Date::parseIso(text);
-}
-
 Value readDynamic(sqlite3_stmt* statement, int index) {
     switch (sqlite3_column_type(statement, index)) {
     case SQLITE_INTEGER:
@@ -71,36 +65,6 @@ Value readDynamic(sqlite3_stmt* statement, int index) {
     default:
         return Value::text(std::string(columnText(statement, index)));
     }
-}
-
-Date dateOf(const Value& value) {
-    if (value.kind() == ValueKind::Text) {
-        if (auto iso = isoDate(value.asText())) {
-            return *iso;
-        }
-    }
-    return value.toDate();
-}
-
-// A whole number for an INTEGER column: rounded halves to even, Long when it
-// fits in 32 bits, a whole Double up to the 64-bit range.
-Value integerOf(const Value& value) {
-    switch (value.kind()) {
-    case ValueKind::Boolean:
-    case ValueKind::Integer:
-    case ValueKind::Long:
-        return Value::longValue(value.toLong());
-    default:
-        break;
-    }
-    const double rounded = roundHalfEven(value.toDouble());
-    if (rounded >= std::numeric_limits<std::int32_t>::min() && rounded <= std::numeric_limits<std::int32_t>::max()) {
-        return Value::longValue(static_cast<std::int32_t>(rounded));
-    }
-    if (std::fabs(rounded) < 9.2e18) {
-        return Value::dbl(rounded);
-    }
-    throw ValueError(ValueError::Kind::Overflow, "Overflow: " + value.toText(Locale::neutral()));
 }
 
 } // namespace
@@ -157,7 +121,7 @@ Value readSqliteColumn(sqlite3_stmt* statement, int index, SqliteColumnKind kind
         badStorage(column, "'True' or 'False'");
     case SqliteColumnKind::Date:
         if (stored == SQLITE_TEXT) {
-            if (auto date = isoDate(columnText(statement, index))) {
+            if (auto date = isoDatePrefix(columnText(statement, index))) {
                 return Value::date(*date);
             }
         }
@@ -177,9 +141,9 @@ Value normaliseForSqlite(SqliteColumnKind kind, const Value& value) {
     case SqliteColumnKind::Boolean:
         return Value::boolean(value.toBool());
     case SqliteColumnKind::Date:
-        return Value::date(dateOf(value));
+        return Value::date(storedDate(value));
     case SqliteColumnKind::Integer:
-        return integerOf(value);
+        return storedWholeNumber(value);
     case SqliteColumnKind::Real:
         return Value::dbl(value.toDouble());
     case SqliteColumnKind::Text:
