@@ -1,6 +1,8 @@
 #include "QueryCommands.h"
 
+#include <map>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "CallArguments.h"

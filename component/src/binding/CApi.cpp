@@ -25,6 +25,17 @@ struct avlor_value {
 
 namespace {
 
+// The C kinds are the C++ kinds by number; a change of either order must show.
+static_assert(static_cast<int>(avlor::ValueKind::Empty) == AVLOR_EMPTY &&
+              static_cast<int>(avlor::ValueKind::Null) == AVLOR_NULL &&
+              static_cast<int>(avlor::ValueKind::Boolean) == AVLOR_BOOLEAN &&
+              static_cast<int>(avlor::ValueKind::Integer) == AVLOR_INTEGER &&
+              static_cast<int>(avlor::ValueKind::Long) == AVLOR_LONG &&
+              static_cast<int>(avlor::ValueKind::Double) == AVLOR_DOUBLE &&
+              static_cast<int>(avlor::ValueKind::Currency) == AVLOR_CURRENCY &&
+              static_cast<int>(avlor::ValueKind::Date) == AVLOR_DATE &&
+              static_cast<int>(avlor::ValueKind::Text) == AVLOR_TEXT);
+
 thread_local std::string lastError;
 
 template <typename F>
