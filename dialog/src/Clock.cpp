@@ -1,0 +1,10 @@
+#include "avlor/dialog/Clock.h"
+
+namespace avlor::dialog {
+
+Date SystemClock::today() const
+{
+    return Date::today();
+}
+
+} // namespace avlor::dialog
