@@ -17,6 +17,14 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+// A script given to the command (avlor parcella --script) cannot go on: a
+// malformed line, an unknown control or event, an unanswered question. It is
+// reported on one line and the command exits with status 2.
+class ScriptError : public CommandError {
+public:
+    using CommandError::CommandError;
+};
+
 // The file behind a SQLite location: a plain path, or the path of a file: URI.
 [[nodiscard]] std::string sqliteFile(const std::string& location);
 

@@ -8,6 +8,7 @@
 #include "CallCommand.h"
 #include "Context.h"
 #include "DbCommands.h"
+#include "ParcellaCommand.h"
 #include "QueryCommands.h"
 #include "TariffaCommand.h"
 #include "TariffeCommands.h"
@@ -31,19 +32,23 @@ int main(int argc, char** argv)
     avlor::cli::addTariffeCommands(app, context);
     avlor::cli::addQueryCommands(app, context);
     avlor::cli::addCallCommand(app, context);
+    avlor::cli::addParcellaCommand(app, context);
 
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& e) {
         return app.exit(e);
     } catch (const std::exception& e) {
+        // A script that cannot go on ends with its own status, so that a
+        // caller tells it from a command that failed.
+        const int status = dynamic_cast<const avlor::cli::ScriptError*>(&e) ? 2 : EXIT_FAILURE;
         std::string message = e.what();
         for (char& c : message) {
             if (c == '\n' || c == '\r')
                 c = ' ';
         }
         std::cerr << "avlor: error: " << message << '\n';
-        return EXIT_FAILURE;
+        return status;
     }
     return EXIT_SUCCESS;
 }

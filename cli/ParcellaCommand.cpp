@@ -1,0 +1,227 @@
+#include "ParcellaCommand.h"
+
+#include <cstdlib>
+#include <deque>
+#include <fstream>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include <nlohmann/json.hpp>
+
+#include "DialogJson.h"
+#include "ScriptAnswers.h"
+#include "avlor/core/Date.h"
+#include "avlor/core/Messages.h"
+#include "avlor/dialog/Clock.h"
+#include "avlor/dialog/frmOKParcella.h"
+
+namespace avlor::cli {
+
+namespace {
+
+using nlohmann::json;
+
+struct Options {
+    std::int32_t pratica = 0;
+    std::string parti;
+    std::string adempimento;
+    std::string data;
+    std::string oggi;
+    std::string script;
+};
+
+std::string oneLine(std::string text)
+{
+    for (char& c : text) {
+        if (c == '\r' || c == '\n')
+            c = ' ';
+    }
+    return text;
+}
+
+Date dayArgument(const std::string& option, const std::string& text)
+{
+    const auto day = Date::parseDayFirst(text);
+    if (!day)
+        throw CommandError(option + " takes a date as DD/MM/YYYY, not \"" + oneLine(text) + "\"");
+    return *day;
+}
+
+std::string textMember(const json& step, const char* member)
+{
+    const auto& v = step.at(member);
+    if (!v.is_string())
+        throw ScriptError(std::string("\"") + member + "\" takes the name of a control");
+    return v.get<std::string>();
+}
+
+std::deque<MsgResult> answersOf(const json& step)
+{
+    std::deque<MsgResult> answers;
+    if (!step.contains("risposte"))
+        return answers;
+    const auto& list = step["risposte"];
+    if (!list.is_array())
+        throw ScriptError("\"risposte\" takes a list of answers (OK, Annulla, Si, No)");
+    for (const auto& word : list) {
+        if (!word.is_string())
+            throw ScriptError("\"risposte\" takes a list of answers (OK, Annulla, Si, No)");
+        try {
+            answers.push_back(answerFromWord(word.get<std::string>()));
+        } catch (const CommandError& e) {
+            throw ScriptError(e.what());
+        }
+    }
+    return answers;
+}
+
+// Runs one step of the script on the dialog.
+void runStep(dialog::frmOKParcella& dialog, const json& step)
+{
+    static const char* const verbs[] = {"click", "imposta", "apri", "scegli", "stato"};
+    const char* verb = nullptr;
+    for (const char* v : verbs) {
+        if (step.contains(v)) {
+            if (verb)
+                throw ScriptError(std::string("a step does one thing: \"") + verb + "\" and \"" + v + "\" together");
+            verb = v;
+        }
+    }
+    if (!verb)
+        throw ScriptError("a step needs one of \"click\", \"imposta\", \"apri\", \"scegli\", \"stato\"");
+    for (const auto& [member, value] : step.items()) {
+        static_cast<void>(value);
+        if (member != verb && member != "risposte" && member != "valore" && member != "chiave" && member != "riga")
+            throw ScriptError("unknown member \"" + oneLine(member) + "\"");
+    }
+
+    const std::string what = verb;
+    if (what == "stato")
+        return;
+    const std::string name = textMember(step, verb);
+    if (what == "click") {
+        dialog.click(name);
+    } else if (what == "apri") {
+        dialog.open(name);
+    } else if (what == "imposta") {
+        if (!step.contains("valore"))
+            throw ScriptError("\"imposta\" needs \"valore\", the text to type");
+        const auto& v = step["valore"];
+        if (v.is_string())
+            dialog.typeText(name, v.get<std::string>());
+        else if (v.is_number_integer())
+            dialog.typeText(name, std::to_string(v.get<std::int64_t>()));
+        else
+            throw ScriptError("\"valore\" takes the text to type");
+    } else { // scegli
+        const bool byKey = step.contains("chiave");
+        const bool byRow = step.contains("riga");
+        if (byKey == byRow)
+            throw ScriptError("\"scegli\" needs either \"chiave\" or \"riga\"");
+        const auto& n = step[byKey ? "chiave" : "riga"];
+        if (!n.is_number_integer())
+            throw ScriptError(std::string("\"") + (byKey ? "chiave" : "riga") + "\" takes a whole number");
+        const std::int64_t number = n.get<std::int64_t>();
+        if (number < INT32_MIN || number > INT32_MAX)
+            throw ScriptError(std::string("\"") + (byKey ? "chiave" : "riga") + "\" is out of range");
+        if (byKey)
+            dialog.chooseKey(name, static_cast<std::int32_t>(number));
+        else
+            dialog.choose(name, static_cast<int>(number));
+    }
+}
+
+void runScript(const Context& context, const Options& options)
+{
+    std::istream* in = &std::cin;
+    std::ifstream file;
+    if (options.script != "-") {
+        file.open(options.script);
+        if (!file)
+            throw CommandError("cannot read the script " + options.script);
+        in = &file;
+    }
+
+    auto clock = options.oggi.empty()
+                     ? std::shared_ptr<const dialog::Clock>(std::make_shared<dialog::SystemClock>())
+                     : std::shared_ptr<const dialog::Clock>(
+                           std::make_shared<dialog::FixedClock>(dayArgument("--oggi", options.oggi)));
+    const std::string data =
+        options.data.empty() ? clock->today().toDayFirst() : dayArgument("--data", options.data).toDayFirst();
+
+    context.openPracticeDatabase();
+
+    std::size_t lineNumber = 0;
+    auto answers = std::make_shared<ScriptAnswers>([&lineNumber](const std::string& question) {
+        // The dialog is in the middle of an event: stop here, with nothing
+        // guessed on the person's behalf. What the event had not committed is
+        // left uncommitted.
+        std::cout.flush();
+        std::cerr << "avlor: error: line " << lineNumber << ": a question without an answer: " << oneLine(question)
+                  << std::endl;
+        std::_Exit(2);
+    });
+    const auto previous = setMessageBoxes(answers);
+    struct Restore {
+        std::shared_ptr<MessageBoxes> boxes;
+        ~Restore() { setMessageBoxes(boxes); }
+    } restore{previous};
+
+    dialog::frmOKParcella dialog(clock);
+    dialog.Setta(options.pratica, options.parti, options.adempimento, data);
+    dialog.Form_Load();
+
+    std::string line;
+    while (std::getline(*in, line)) {
+        ++lineNumber;
+        if (line.find_first_not_of(" \t\r") == std::string::npos)
+            continue;
+        try {
+            json step;
+            try {
+                step = json::parse(line);
+            } catch (const json::parse_error&) {
+                throw ScriptError("not a JSON object");
+            }
+            if (!step.is_object())
+                throw ScriptError("not a JSON object");
+            answers->setAnswers(answersOf(step));
+            if (!dialog.closed())
+                runStep(dialog, step);
+        } catch (const CommandError& e) {
+            throw ScriptError("line " + std::to_string(lineNumber) + ": " + e.what());
+        } catch (const dialog::DialogError& e) {
+            throw ScriptError("line " + std::to_string(lineNumber) + ": " + e.what());
+        }
+        *context.out << dialogAnswer(dialog, answers->takeShown()).dump(-1, ' ', false, json::error_handler_t::replace)
+                     << std::endl;
+    }
+}
+
+} // namespace
+
+void addParcellaCommand(CLI::App& app, Context& context)
+{
+    auto options = std::make_shared<Options>();
+    auto* parcella = app.add_subcommand(
+        "parcella", "Open the fee-entry dialog \"Parcellazione Adempimento\" on a case file and drive it from a "
+                    "script of JSON lines (--script FILE, or - for standard input); each line is answered with the "
+                    "dialog's state as one JSON line");
+    parcella->add_option("--pratica", options->pratica, "The case file (Pratica.ID_Pra)")->required();
+    parcella->add_option("--parti", options->parti, "The client/opposing-party line shown by the dialog");
+    parcella->add_option("--adempimento", options->adempimento, "The work done, shown by the dialog");
+    parcella->add_option("--data", options->data, "The date of the work, DD/MM/YYYY (default: today)");
+    parcella->add_option("--oggi", options->oggi, "The day the dialog takes as today, DD/MM/YYYY (default: the "
+                                                  "machine's)");
+    parcella->add_option("--script", options->script, "The script: a file of JSON lines, or - for standard input");
+    parcella->callback([&context, options] {
+        if (options->script.empty())
+            throw CommandError("parcella needs --script FILE (or - for standard input): the dialog's window is not "
+                               "available in this build");
+        runScript(context, *options);
+    });
+}
+
+} // namespace avlor::cli

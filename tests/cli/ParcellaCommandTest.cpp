@@ -1,0 +1,292 @@
+// avlor parcella --script: the fee-entry dialog driven without a screen, run
+// as a support person or a script runs it, against a demo practice database.
+// Each step's answer line is compared field by field; the error paths end
+// with exit status 2 and one line on standard error.
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+#include "CommandRunner.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using avlor::testing::Outcome;
+using nlohmann::json;
+
+class ParcellaCommandTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite()
+    {
+        folder = fs::temp_directory_path() / ("avlor-parcella-" + std::to_string(::getpid()));
+        fs::remove_all(folder);
+        fs::create_directories(folder);
+        database = (folder / "demo.db").string();
+        settings = (folder / "Avlor32.ini").string();
+        std::ofstream(settings) << "[Shared]\nId_Utente=3\n";
+        const Outcome init = avlor({"db", "init", database, "--demo"});
+        ASSERT_EQ(init.status, 0) << init.err;
+    }
+    static void TearDownTestSuite() { fs::remove_all(folder); }
+
+    static Outcome avlor(const std::vector<std::string>& words, const fs::path& input = {})
+    {
+        // A neutral locale: amounts read "1,234.50" whatever the machine's.
+        return avlor::testing::runCommand(AVLOR_COMMAND, words,
+                                          {{"AVLOR_TARIFFE_DIR", AVLOR_TARIFFE},
+                                           {"AVLOR_DB", ""},
+                                           {"AVLOR_SETTINGS", settings},
+                                           {"LC_ALL", "C"}},
+                                          folder, input);
+    }
+
+    // Runs a script (its lines given here) on case file `pratica`, with the
+    // work dated 15/03/2025 and today pinned to 20/03/2025.
+    static Outcome script(const std::vector<std::string>& lines, int pratica = 1,
+                          std::vector<std::string> extra = {})
+    {
+        const fs::path file = folder / "script.jsonl";
+        std::ofstream out(file, std::ios::trunc);
+        for (const auto& l : lines)
+            out << l << '\n';
+        out.close();
+        std::vector<std::string> words = {"--db",   database,     "parcella", "--pratica",    std::to_string(pratica),
+                                          "--data", "15/03/2025", "--oggi",   "20/03/2025", "--script",
+                                          file.string()};
+        words.insert(words.end(), extra.begin(), extra.end());
+        return avlor(words);
+    }
+
+    static std::vector<json> answers(const Outcome& run)
+    {
+        std::vector<json> lines;
+        std::istringstream in(run.out);
+        std::string line;
+        while (std::getline(in, line))
+            lines.push_back(json::parse(line));
+        return lines;
+    }
+
+    static inline fs::path folder;
+    static inline std::string database;
+    static inline std::string settings;
+};
+
+TEST_F(ParcellaCommandTest, StartUpReadsTheCaseFileTheConfigurationAndTheActions)
+{
+    const Outcome run = script({R"({"stato": true})"}, 1, {"--parti", "Rossi / Bianchi", "--adempimento", "Udienza"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.err, "");
+    const auto lines = answers(run);
+    ASSERT_EQ(lines.size(), 1u);
+    const json& a = lines[0];
+    EXPECT_EQ(a["messaggi"], json::array());
+    EXPECT_EQ(a["chiuso"], false);
+
+    const json& form = a["form"];
+    EXPECT_EQ(form["idPratica"], 1);
+    EXPECT_EQ(form["sParti"], "Rossi / Bianchi");
+    EXPECT_EQ(form["sAdempEff"], "Udienza");
+    EXPECT_EQ(form["sData"], "15/03/2025");
+    EXPECT_EQ(form["idUtenteCorrente"], 3);
+    EXPECT_EQ(form["Valore"], "25000.0000");
+    EXPECT_EQ(form["bIndeterminato"], false);
+    EXPECT_EQ(form["Rilevanza"], 50);
+    EXPECT_EQ(form["Autorita"], "Tribunale");
+    EXPECT_EQ(form["ValutaPratica"], "EURO");
+    EXPECT_EQ(form["ValutaDefault"], "EURO");
+    EXPECT_EQ(form["CambioLiraEuro"], "1936.2700");
+    // A euro firm, work dated after 2 June 2004: the 2004 rights table.
+    EXPECT_EQ(form["sTabella"], "Diritti2004Euro");
+    EXPECT_EQ(form["NomiCampi"], json({"IdAzione", "bFattura", "NOrdine", "Data", "Descr", "Quantita", "Diritti",
+                                       "Onorari", "Imponibili", "Esenti", "NomeUtente", "Ore", "IdEseguitoDa",
+                                       "InNotaSpese"}));
+    EXPECT_EQ(form["bModifica"], false);
+    EXPECT_EQ(form["idAzioneCorrente"], 0);
+
+    const json& c = a["controlli"];
+    EXPECT_EQ(c["lblClienteContro"]["testo"], "Rossi / Bianchi");
+    EXPECT_EQ(c["lblAdempimento"]["testo"], "Udienza");
+    EXPECT_EQ(c["optDiritti"]["valore"], true);
+    EXPECT_EQ(c["optOraria"]["valore"], false);
+    EXPECT_EQ(c["FData"]["testo"], "15/03/2025");
+    // The tariff action of 10/03/2025 holds number 1; the one of 17/03/2025
+    // is later than the work date and does not count.
+    EXPECT_EQ(c["FNumOrdine"]["testo"], "2");
+    EXPECT_EQ(c["cmdAggiungi"]["caption"], "&Aggiungi");
+    EXPECT_EQ(c["fraTempo"]["visibile"], false);
+    EXPECT_EQ(c["fraMinMax"]["visibile"], true);
+
+    // The grid: the two tariff actions in order, amounts in euro.
+    const json& grid = c["GrigliaParcella"];
+    ASSERT_EQ(grid["righe"].size(), 2u);
+    EXPECT_EQ(grid["colonne"][7], "Onorari  ");
+    EXPECT_EQ(grid["righe"][0][0], "1");
+    EXPECT_EQ(grid["righe"][0][4], "Esame e studio della pratica");
+    EXPECT_EQ(grid["righe"][0][7], "\xE2\x82\xAC  450.00");
+    EXPECT_EQ(grid["righe"][1][7], "\xE2\x82\xAC  82.50");
+    EXPECT_EQ(grid["righe"][1][10], "Avv. Rossi");
+    EXPECT_EQ(form["ArrayAzioni"], grid["righe"]);
+
+    // The performer list: every user, the current user 3 chosen.
+    const json& eseguito = c["cmbEseguito"];
+    EXPECT_EQ(eseguito["chiavi"], json({1, 2, 3, 4, 5}));
+    EXPECT_EQ(eseguito["corrente"], 2);
+}
+
+TEST_F(ParcellaCommandTest, ChoosingAnOutOfCourtItemProposesTheAmountTimesTheQuantity)
+{
+    const Outcome run = script({R"({"click": "optStragiudiziale"})", R"({"imposta": "FQuantita", "valore": "2"})",
+                                R"({"apri": "cmbCodice"})", R"({"scegli": "cmbCodice", "chiave": 1})"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const auto lines = answers(run);
+    ASSERT_EQ(lines.size(), 4u);
+    // The option resets the date to today and takes the 2004 out-of-court table.
+    EXPECT_EQ(lines[0]["form"]["sTabella"], "OnorariStrag2004Euro");
+    EXPECT_EQ(lines[0]["controlli"]["FData"]["testo"], "20/03/2025");
+    const json& listed = lines[2]["controlli"]["cmbCodice"];
+    EXPECT_EQ(listed["colonne"], json({"Codice", "Azione"}));
+    ASSERT_FALSE(listed["righe"].empty());
+    EXPECT_EQ(listed["righe"][0][0], "1.A");
+    EXPECT_EQ(listed["chiavi"][0], 1);
+
+    // 25,000 euro at relevance 50: 82.50 a unit, between 15 and 150.
+    const json& chosen = lines[3];
+    EXPECT_EQ(chosen["messaggi"], json::array());
+    EXPECT_EQ(chosen["form"]["idTariffa"], 1);
+    EXPECT_EQ(chosen["form"]["ImportoVoce"], "82.5000");
+    EXPECT_EQ(chosen["controlli"]["FImporto"]["testo"], "165.00");
+    EXPECT_EQ(chosen["controlli"]["FDenMinT"]["testo"], "15.00");
+    EXPECT_EQ(chosen["controlli"]["FDenMaxT"]["testo"], "150.00");
+    EXPECT_EQ(chosen["controlli"]["cmbCodice"]["corrente"], 0);
+}
+
+TEST_F(ParcellaCommandTest, ACriminalListWithoutAuthorityWarnsAndStillFills)
+{
+    // Case 3 names no authority.
+    const Outcome run = script({R"({"click": "optPenale"})", R"({"apri": "cmbCodice"})"}, 3);
+    ASSERT_EQ(run.status, 0) << run.err;
+    const auto lines = answers(run);
+    ASSERT_EQ(lines.size(), 2u);
+    const json& messages = lines[1]["messaggi"];
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_EQ(messages[0]["testo"], "ATTENZIONE : Non e' selezionata nessuna Autorita' per la Pratica. \r"
+                                    "Sara' impossibile calcolare in automatico l'importo degli Onorari di Tipo "
+                                    "Penale.");
+    EXPECT_EQ(messages[0]["icona"], "informazione");
+    EXPECT_EQ(messages[0]["pulsanti"], json({"OK"}));
+    EXPECT_EQ(messages[0]["risposta"], "OK");
+    EXPECT_FALSE(lines[1]["controlli"]["cmbCodice"]["righe"].empty());
+}
+
+TEST_F(ParcellaCommandTest, HourlyAmountBelowAThousandEuroIsRoundedUpToAThousand)
+{
+    // User 3 bills 120 euro an hour: 1 h 30 min is 180 euro, which the
+    // dialog's rounding to thousands turns into 1,000.
+    const Outcome run = script({R"({"click": "optOraria"})", R"({"scegli": "cmbEseguito", "chiave": 3})",
+                                R"({"imposta": "FOre", "valore": "1"})", R"({"imposta": "FMinuti", "valore": "30"})"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const auto lines = answers(run);
+    ASSERT_EQ(lines.size(), 4u);
+    EXPECT_EQ(lines[0]["controlli"]["fraTempo"]["visibile"], true);
+    EXPECT_EQ(lines[0]["controlli"]["GrigliaParcella"]["colonne"][7], "Importo  ");
+    EXPECT_EQ(lines[1]["form"]["TariffaEuro"], "120.0000");
+    EXPECT_EQ(lines[3]["controlli"]["FImporto"]["testo"], "1,000.00");
+}
+
+TEST_F(ParcellaCommandTest, AnUnknownCaseFileClosesTheDialogAtOnce)
+{
+    const Outcome run = script({R"({"stato": true})", R"({"click": "optOnorari"})"}, 999);
+    ASSERT_EQ(run.status, 0) << run.err;
+    const auto lines = answers(run);
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_EQ(lines[0]["chiuso"], true);
+    EXPECT_EQ(lines[0]["messaggi"], json::array());
+    // A closed dialog takes no more events.
+    EXPECT_EQ(lines[1]["chiuso"], true);
+    EXPECT_EQ(lines[1]["controlli"]["optOnorari"]["valore"], false);
+}
+
+TEST_F(ParcellaCommandTest, ReadsTheScriptFromStandardInputAndSkipsBlankLines)
+{
+    const fs::path input = folder / "stdin.jsonl";
+    std::ofstream(input) << "\n{\"stato\": true}\n   \n{\"click\": \"optOnorari\"}\n";
+    const Outcome run = avlor({"--db", database, "parcella", "--pratica", "1", "--data", "15/03/2025", "--oggi",
+                               "20/03/2025", "--script", "-"},
+                              input);
+    ASSERT_EQ(run.status, 0) << run.err;
+    const auto lines = answers(run);
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_EQ(lines[1]["form"]["sTabella"], "Onorari2004Euro");
+}
+
+TEST_F(ParcellaCommandTest, AnUnknownControlStopsTheScriptAfterTheLinesBeforeIt)
+{
+    const Outcome run = script({R"({"stato": true})", R"({"click": "nonesiste"})", R"({"stato": true})"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(answers(run).size(), 1u);
+    EXPECT_EQ(run.err, "avlor: error: line 2: The dialog \"Parcellazione Adempimento\" has no control named "
+                       "\"nonesiste\"\n");
+}
+
+TEST_F(ParcellaCommandTest, MalformedLinesStopTheScriptWithOneLine)
+{
+    struct Case {
+        const char* line;
+        const char* message;
+    };
+    const Case cases[] = {
+        {"garbage", "not a JSON object"},
+        {"[1, 2]", "not a JSON object"},
+        {"{}", "a step needs one of \"click\", \"imposta\", \"apri\", \"scegli\", \"stato\""},
+        {R"({"click": "optOnorari", "apri": "cmbCodice"})",
+         "a step does one thing: \"click\" and \"apri\" together"},
+        {R"({"click": "optOnorari", "colore": 1})", "unknown member \"colore\""},
+        {R"({"click": 5})", "\"click\" takes the name of a control"},
+        {R"({"imposta": "FData"})", "\"imposta\" needs \"valore\", the text to type"},
+        {R"({"scegli": "cmbCodice"})", "\"scegli\" needs either \"chiave\" or \"riga\""},
+        {R"({"scegli": "cmbCodice", "chiave": 1, "riga": 0})", "\"scegli\" needs either \"chiave\" or \"riga\""},
+        {R"({"scegli": "cmbCodice", "riga": "zero"})", "\"riga\" takes a whole number"},
+        {R"({"scegli": "cmbCodice", "chiave": 99999999999})", "\"chiave\" is out of range"},
+        {R"({"stato": true, "risposte": ["Forse"]})", "unknown answer \"Forse\" (answers are OK, Annulla, Si, No)"},
+        {R"({"stato": true, "risposte": "Si"})", "\"risposte\" takes a list of answers (OK, Annulla, Si, No)"},
+    };
+    for (const auto& c : cases) {
+        const Outcome run = script({c.line});
+        EXPECT_EQ(run.status, 2) << c.line;
+        EXPECT_EQ(run.out, "") << c.line;
+        EXPECT_EQ(run.err, std::string("avlor: error: line 1: ") + c.message + "\n") << c.line;
+    }
+}
+
+TEST_F(ParcellaCommandTest, BadArgumentsAreRefusedWithStatusOne)
+{
+    const Outcome badDate = script({R"({"stato": true})"}, 1, {"--data", "31/02/2025"});
+    EXPECT_EQ(badDate.status, 1);
+    EXPECT_EQ(badDate.err, "avlor: error: --data takes a date as DD/MM/YYYY, not \"31/02/2025\"\n");
+
+    const Outcome noScript = avlor({"--db", database, "parcella", "--pratica", "1"});
+    EXPECT_EQ(noScript.status, 1);
+    EXPECT_EQ(noScript.err, "avlor: error: parcella needs --script FILE (or - for standard input): the dialog's "
+                            "window is not available in this build\n");
+
+    const Outcome missingScript =
+        avlor({"--db", database, "parcella", "--pratica", "1", "--script", (folder / "none.jsonl").string()});
+    EXPECT_EQ(missingScript.status, 1);
+    EXPECT_EQ(missingScript.err, "avlor: error: cannot read the script " + (folder / "none.jsonl").string() + "\n");
+
+    const std::string missingDb = (folder / "missing.db").string();
+    const Outcome noDatabase = avlor({"--db", missingDb, "parcella", "--pratica", "1", "--script", "-"});
+    EXPECT_EQ(noDatabase.status, 1);
+    EXPECT_EQ(noDatabase.err.rfind("avlor: error: no practice database at " + missingDb, 0), 0u) << noDatabase.err;
+}
+
+} // namespace
