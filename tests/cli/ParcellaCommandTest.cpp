@@ -269,7 +269,8 @@ TEST_F(ParcellaCommandTest, MalformedLinesStopTheScriptWithOneLine)
 
 TEST_F(ParcellaCommandTest, BadArgumentsAreRefusedWithStatusOne)
 {
-    const Outcome badDate = script({R"({"stato": true})"}, 1, {"--data", "31/02/2025"});
+    const Outcome badDate =
+        avlor({"--db", database, "parcella", "--pratica", "1", "--data", "31/02/2025", "--script", "-"});
     EXPECT_EQ(badDate.status, 1);
     EXPECT_EQ(badDate.err, "avlor: error: --data takes a date as DD/MM/YYYY, not \"31/02/2025\"\n");
 
