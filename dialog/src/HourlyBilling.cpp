@@ -128,7 +128,11 @@ void frmOKParcella::CalcolaImportoOrario()
         amount = rate.timesDouble(numberLenient(textOf("FOre")));
         const double minutes = numberLenient(textOf("FMinuti"));
         if (minutes != 0) {
-            amount = amount + rate.dividedBy(60).times(Value::dbl(minutes).toLong());
+            // The rate per minute times the minutes, worked out as a double
+            // and only then turned into an amount: so 60000 lire an hour for
+            // 5 minutes is exactly 5000.
+            const double perMinutes = rate.toDouble() / 60.0 * static_cast<double>(Value::dbl(minutes).toLong());
+            amount = amount + Currency::fromDouble(perMinutes);
         }
     } catch (const std::exception&) {
         // Hours or minutes too large for an amount: the amount shown stays.

@@ -13,8 +13,7 @@ namespace avlor::dialog {
 // counted past 32767 so that the user sees the number that would follow;
 // storing it is what refuses it. When the actions cannot be read the
 // proposal is 0, which the entry checks refuse.
-std::int32_t frmOKParcella::ProponiNOrdine(const std::string& sData, bool bTariffa, bool bNuova,
-                                           std::int32_t IdAzione)
+std::int32_t frmOKParcella::ProponiNOrdine(const std::string& sData, bool bTariffa, bool bNuova, std::int32_t IdAzione)
 {
     BusyPointer busy(view());
     try {

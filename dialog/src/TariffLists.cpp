@@ -61,7 +61,8 @@ void frmOKParcella::RiempiCodici()
     const std::string shown = textOf("cmbCodice");
     clearList("cmbCodice");
     if (s_.Autorita.empty() && isOn("optPenale")) {
-        informa("ATTENZIONE : Non e' selezionata nessuna Autorita' per la Pratica. \rSara' impossibile calcolare in "
+        informa("ATTENZIONE : Non e' selezionata nessuna Autorita' per la Pratica. "
+                "\rSara' impossibile calcolare in "
                 "automatico l'importo degli Onorari di Tipo Penale.");
     }
     BusyPointer busy(view());
@@ -97,7 +98,8 @@ void frmOKParcella::RiempiVoci()
     const std::string shown = textOf("cmbVoce");
     clearList("cmbVoce");
     if (s_.Autorita.empty() && isOn("optPenale")) {
-        informa("ATTENZIONE : Non e' selezionata nessuna Autorita' per la Pratica. \rSara' impossibile calcolare in "
+        informa("ATTENZIONE : Non e' selezionata nessuna Autorita' per la Pratica. "
+                "\rSara' impossibile calcolare in "
                 "automatico l'importo degli Onorari di Tipo Penale.");
     }
     BusyPointer busy(view());
@@ -173,7 +175,8 @@ void frmOKParcella::ScegliVoce(const std::string& lista)
     if ((s_.sTabella == "OnorariStrag94" || s_.sTabella == "OnorariStrag94Euro" ||
          s_.sTabella == "OnorariStrag2004Euro") &&
         (s_.idTariffa == 16 || s_.idTariffa == 18)) {
-        informa("ATTENZIONE : Vanno applicati gli stessi\rDiritti/Onorari dovuti in sede giudiziale");
+        informa("ATTENZIONE : Vanno applicati gli stessi\rDiritti/Onorari dovuti "
+                "in sede giudiziale");
     }
 
     Currency minT;
@@ -189,8 +192,8 @@ void frmOKParcella::ScegliVoce(const std::string& lista)
         std::int32_t item = s_.idTariffa;
         std::string autorita = s_.Autorita;
         try {
-            s_.ImportoVoce = CalcolaTariffaModulo(valore, rilevanza, tabella, indeterminato, item, minT, maxT, minS,
-                                                  maxS, autorita);
+            s_.ImportoVoce =
+                CalcolaTariffaModulo(valore, rilevanza, tabella, indeterminato, item, minT, maxT, minS, maxS, autorita);
         } catch (const std::exception&) {
             // The fee table lacks the row or a column: nothing is proposed
             // and the fields keep what they show.
