@@ -117,8 +117,7 @@ TEST_F(ActionsGrid, EveryColumnOfARow)
     const auto form = open(7, "15/03/2005");
     EXPECT_EQ(form->control("GrigliaParcella").rows,
               (std::vector<std::vector<std::string>>{{std::to_string(id), "True", "4", "02/06/2004", "Udienza", "2",
-                                                      "0", "\u20AC  250,00", "0", "0", "Dott. Verdi", "", "2",
-                                                      "-1"}}));
+                                                      "0", "\u20AC  250,00", "0", "0", "Dott. Verdi", "", "2", "-1"}}));
 }
 
 TEST_F(ActionsGrid, ShowAllListsBothSequences)
@@ -143,10 +142,10 @@ TEST_F(ActionsGrid, ShowAllListsBothSequences)
 TEST_F(ActionsGrid, ColumnCaptionsFollowTheKindOfEntry)
 {
     const auto form = open(7, "15/03/2005");
-    const std::vector<std::string> tariff = {"IDAZIONE",   "",           "",           "Data",
-                                             "Azione",     "",           "Diritti",    "Onorari  ",
-                                             "Spese Imp.", "Spese Esen.", "Eseguito da", "HH:MM",
-                                             "IdEseguito", "IsNotaSpese"};
+    const std::vector<std::string> tariff = {
+        "IDAZIONE",   "",           "",           "Data",        "Azione",      "",
+        "Diritti",    "Onorari  ",  "Spese Imp.", "Spese Esen.", "Eseguito da", "HH:MM",
+        "IdEseguito", "IsNotaSpese"};
     EXPECT_EQ(form->control("GrigliaParcella").columns, tariff);
     form->click("optOraria");
     EXPECT_EQ(form->control("GrigliaParcella").columns[7], "Importo  ");

@@ -17,8 +17,7 @@ protected:
         addCase(8, "NULL", "EURO", 0, "Tribunale");
     }
 
-    std::string amountFor(std::int32_t pratica, std::int32_t user, const std::string& ore,
-                          const std::string& minuti)
+    std::string amountFor(std::int32_t pratica, std::int32_t user, const std::string& ore, const std::string& minuti)
     {
         const auto form = open(pratica, "15/03/2005");
         form->click("optOraria");
@@ -31,14 +30,14 @@ protected:
 
 TEST_F(HourlyBilling, LireAmountsRoundUpToTheThousandByTheTestOn5000)
 {
-    EXPECT_EQ(amountFor(7, 1, "2", "0"), "100.000");  // a multiple of 5000
-    EXPECT_EQ(amountFor(7, 2, "1", "30"), "60.000");  // 40000 + 20000
-    EXPECT_EQ(amountFor(7, 3, "0", "10"), "10.000");  // 10000 stays
-    EXPECT_EQ(amountFor(7, 3, "0", "6"), "7.000");    // 6000 becomes 7000
-    EXPECT_EQ(amountFor(7, 3, "0", "5"), "5.000");    // 5000 stays
-    EXPECT_EQ(amountFor(7, 2, "1.5", ""), "60.000");  // fractions of an hour
-    EXPECT_EQ(amountFor(7, 2, "0", "1"), "1.000");    // 666.67 up to 1000
-    EXPECT_EQ(amountFor(7, 1, "0", "0.4"), "");       // minutes rounded to 0
+    EXPECT_EQ(amountFor(7, 1, "2", "0"), "100.000"); // a multiple of 5000
+    EXPECT_EQ(amountFor(7, 2, "1", "30"), "60.000"); // 40000 + 20000
+    EXPECT_EQ(amountFor(7, 3, "0", "10"), "10.000"); // 10000 stays
+    EXPECT_EQ(amountFor(7, 3, "0", "6"), "7.000");   // 6000 becomes 7000
+    EXPECT_EQ(amountFor(7, 3, "0", "5"), "5.000");   // 5000 stays
+    EXPECT_EQ(amountFor(7, 2, "1.5", ""), "60.000"); // fractions of an hour
+    EXPECT_EQ(amountFor(7, 2, "0", "1"), "1.000");   // 666.67 up to 1000
+    EXPECT_EQ(amountFor(7, 1, "0", "0.4"), "");      // minutes rounded to 0
 }
 
 TEST_F(HourlyBilling, EuroAmountsBelowAThousandBecomeAThousand)

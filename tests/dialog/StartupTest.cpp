@@ -19,8 +19,8 @@ protected:
 TEST_F(Startup, CurrentUserFromTheSettingsStore)
 {
     addCase(7, "NULL", "EURO", 0, "");
-    const std::vector<std::pair<std::string, std::int32_t>> cases = {
-        {"1", 1}, {"abc", 0}, {"7.5", 8}, {"2.5", 2}, {" 12xyz", 12}, {"-4", -4}};
+    const std::vector<std::pair<std::string, std::int32_t>> cases = {{"1", 1},   {"abc", 0},     {"7.5", 8},
+                                                                     {"2.5", 2}, {" 12xyz", 12}, {"-4", -4}};
     for (const auto& [setting, expected] : cases) {
         setCurrentUser(setting);
         dialog::frmOKParcella form(clock, Locale::italian());

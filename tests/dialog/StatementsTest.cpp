@@ -57,7 +57,8 @@ TEST(Statements, TemplatesOfTheCodeListQuoteTheCriminalFlag)
 {
     EXPECT_EQ(parcelleBaseCodice(false, true), "SELECT * FROM ParcellaBase ORDER BY CodiceParcella");
     EXPECT_EQ(parcelleBaseCodice(false, false), "SELECT * FROM ParcellaBase ORDER BY CodiceParcella");
-    EXPECT_EQ(parcelleBaseCodice(true, true), "SELECT * FROM ParcellaBase WHERE IsPenale= 'true' ORDER BY CodiceParcella");
+    EXPECT_EQ(parcelleBaseCodice(true, true),
+              "SELECT * FROM ParcellaBase WHERE IsPenale= 'true' ORDER BY CodiceParcella");
     EXPECT_EQ(parcelleBaseCodice(true, false), "SELECT * FROM ParcellaBase  ORDER BY NomeParcella ");
 }
 
