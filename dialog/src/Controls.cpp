@@ -80,8 +80,9 @@ std::vector<Control> layout()
     c.push_back(make("cmdModifica", K::Button, "", ""));
     c.push_back(make("cmdCancella", K::Button, "", ""));
     Control grid = make("GrigliaParcella", K::Grid, "", "");
-    grid.columns = {"IDAZIONE", "",        "",           "Data",        "Azione",      "",         "Diritti",
-                    "Onorari",  "Spese Imp.", "Spese Esen.", "Eseguito da", "HH:MM", "IdEseguito", "IsNotaSpese"};
+    grid.columns = {"IDAZIONE",   "",           "",           "Data",        "Azione",      "",
+                    "Diritti",    "Onorari",    "Spese Imp.", "Spese Esen.", "Eseguito da", "HH:MM",
+                    "IdEseguito", "IsNotaSpese"};
     c.push_back(std::move(grid));
     return c;
 }
@@ -136,10 +137,9 @@ std::vector<Control> initialControls()
 
 const std::vector<std::string>& gridFieldNames()
 {
-    static const std::vector<std::string> names = {"IdAzione", "bFattura", "NOrdine",    "Data",
-                                                   "Descr",    "Quantita", "Diritti",    "Onorari",
-                                                   "Imponibili", "Esenti", "NomeUtente", "Ore",
-                                                   "IdEseguitoDa", "InNotaSpese"};
+    static const std::vector<std::string> names = {"IdAzione",   "bFattura", "NOrdine",      "Data",       "Descr",
+                                                   "Quantita",   "Diritti",  "Onorari",      "Imponibili", "Esenti",
+                                                   "NomeUtente", "Ore",      "IdEseguitoDa", "InNotaSpese"};
     return names;
 }
 

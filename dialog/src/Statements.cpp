@@ -14,8 +14,8 @@ std::string filtroTariffa(bool bTariffa)
 std::string casoPratica(std::int32_t idPratica)
 {
     // Two pieces joined as they stand: hence the two blanks before WHERE.
-    return std::string("SELECT Valuta,Valore,Cambio,Rilevanza,Autorita FROM Pratica ") + " WHERE ID_Pra = " +
-           std::to_string(idPratica);
+    return std::string("SELECT Valuta,Valore,Cambio,Rilevanza,Autorita FROM Pratica ") +
+           " WHERE ID_Pra = " + std::to_string(idPratica);
 }
 
 std::string configGenerale()
@@ -49,8 +49,9 @@ std::string proponiNOrdine(std::int32_t idPratica, const std::string& dayFirst, 
 std::string griglia(std::int32_t idPratica, bool bTariffa)
 {
     return std::string("SELECT Azioni.*, Utenti.NomeUtente ") +
-           "FROM Utenti INNER JOIN Azioni ON Utenti.ID_Utente = Azioni.IdEseguitoDa" + " WHERE IdPra = " +
-           std::to_string(idPratica) + filtroTariffa(bTariffa) + " ORDER BY NOrdine ";
+           "FROM Utenti INNER JOIN Azioni ON Utenti.ID_Utente = "
+           "Azioni.IdEseguitoDa" +
+           " WHERE IdPra = " + std::to_string(idPratica) + filtroTariffa(bTariffa) + " ORDER BY NOrdine ";
 }
 
 std::string codiciTariffa(const std::string& tabella)

@@ -12,14 +12,14 @@ namespace avlor::dialog {
 
 namespace {
 
-constexpr std::array<const char*, 6> OpzioniTipo = {"optOraria",  "optDiritti", "optOnorari",
-                                                    "optStragiudiziale", "optPenale", "optParcellaBase"};
+constexpr std::array<const char*, 6> OpzioniTipo = {"optOraria",         "optDiritti", "optOnorari",
+                                                    "optStragiudiziale", "optPenale",  "optParcellaBase"};
 
 } // namespace
 
 frmOKParcella::frmOKParcella(std::shared_ptr<const Clock> clock, Locale locale)
-    : clock_(clock ? std::move(clock) : std::make_shared<SystemClock>()), locale_(std::move(locale)),
-      view_(&nullView_), controls_(initialControls())
+    : clock_(clock ? std::move(clock) : std::make_shared<SystemClock>()), locale_(std::move(locale)), view_(&nullView_),
+      controls_(initialControls())
 {
 }
 
@@ -39,8 +39,8 @@ Date frmOKParcella::today() const
 
 const Control& frmOKParcella::control(const std::string& name) const
 {
-    const auto found = std::find_if(controls_.begin(), controls_.end(),
-                                    [&](const Control& control) { return control.name == name; });
+    const auto found =
+        std::find_if(controls_.begin(), controls_.end(), [&](const Control& control) { return control.name == name; });
     if (found == controls_.end()) {
         throw DialogError("The dialog \"" + std::string(CaptionDialogo) + "\" has no control named \"" + name + "\"");
     }
@@ -297,9 +297,8 @@ void frmOKParcella::chooseKey(const std::string& name, std::int32_t key)
     }
     if (target.kind == ControlKind::Grid) {
         const std::string wanted = std::to_string(key);
-        const auto found = std::find_if(target.rows.begin(), target.rows.end(), [&](const auto& row) {
-            return !row.empty() && row.front() == wanted;
-        });
+        const auto found = std::find_if(target.rows.begin(), target.rows.end(),
+                                        [&](const auto& row) { return !row.empty() && row.front() == wanted; });
         if (found == target.rows.end()) {
             throw DialogError("The grid \"" + name + "\" has no action " + wanted);
         }

@@ -8,15 +8,61 @@ namespace {
 
 TEST(Controls, EveryControlOfTheLayoutIsThereOnceInItsOrder)
 {
-    const std::vector<std::string> expected = {
-        "fraClienteContro", "lblClienteContro", "fraAdempimento", "lblAdempimento", "fraTipo", "optOraria",
-        "optDiritti", "optOnorari", "optStragiudiziale", "optPenale", "optParcellaBase", "fraCodice", "cmbCodice",
-        "fraVoce", "cmbVoce", "fraDescrizione", "txtDescrizione", "fraData", "FData", "fraOrdine", "FNumOrdine",
-        "fraN", "FQuantita", "fraImporto", "lblImporto", "FImporto", "lblImponibili", "FImponibili", "lblEsenti",
-        "FEsenti", "lblMINMAXT", "fraMinMax", "lblMinT", "FDenMinT", "lblMaxT", "FDenMaxT", "lblMINMAXS",
-        "fraStaord", "lblMinS", "FDenMinS", "lblMaxS", "FDenMaxS", "fraEseguito", "cmbEseguito", "fraTempo",
-        "lblOre", "FOre", "lblMinuti", "FMinuti", "chkIncludi", "chkMosTut", "cmdAggiungi", "cmdModifica",
-        "cmdCancella", "GrigliaParcella"};
+    const std::vector<std::string> expected = {"fraClienteContro",
+                                               "lblClienteContro",
+                                               "fraAdempimento",
+                                               "lblAdempimento",
+                                               "fraTipo",
+                                               "optOraria",
+                                               "optDiritti",
+                                               "optOnorari",
+                                               "optStragiudiziale",
+                                               "optPenale",
+                                               "optParcellaBase",
+                                               "fraCodice",
+                                               "cmbCodice",
+                                               "fraVoce",
+                                               "cmbVoce",
+                                               "fraDescrizione",
+                                               "txtDescrizione",
+                                               "fraData",
+                                               "FData",
+                                               "fraOrdine",
+                                               "FNumOrdine",
+                                               "fraN",
+                                               "FQuantita",
+                                               "fraImporto",
+                                               "lblImporto",
+                                               "FImporto",
+                                               "lblImponibili",
+                                               "FImponibili",
+                                               "lblEsenti",
+                                               "FEsenti",
+                                               "lblMINMAXT",
+                                               "fraMinMax",
+                                               "lblMinT",
+                                               "FDenMinT",
+                                               "lblMaxT",
+                                               "FDenMaxT",
+                                               "lblMINMAXS",
+                                               "fraStaord",
+                                               "lblMinS",
+                                               "FDenMinS",
+                                               "lblMaxS",
+                                               "FDenMaxS",
+                                               "fraEseguito",
+                                               "cmbEseguito",
+                                               "fraTempo",
+                                               "lblOre",
+                                               "FOre",
+                                               "lblMinuti",
+                                               "FMinuti",
+                                               "chkIncludi",
+                                               "chkMosTut",
+                                               "cmdAggiungi",
+                                               "cmdModifica",
+                                               "cmdCancella",
+                                               "GrigliaParcella"};
     EXPECT_EQ(controlNames(), expected);
 }
 
@@ -27,7 +73,8 @@ TEST(Controls, UnknownNameIsRefusedClearly)
         static_cast<void>(dialog.control("cmdSalva"));
         FAIL() << "an unknown control was found";
     } catch (const DialogError& error) {
-        EXPECT_STREQ(error.what(), "The dialog \"Parcellazione Adempimento\" has no control named \"cmdSalva\"");
+        EXPECT_STREQ(error.what(), "The dialog \"Parcellazione Adempimento\" has "
+                                   "no control named \"cmdSalva\"");
     }
 }
 

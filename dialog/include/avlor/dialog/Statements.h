@@ -9,7 +9,8 @@
 
 namespace avlor::dialog::sql {
 
-// "SELECT Valuta,Valore,Cambio,Rilevanza,Autorita FROM Pratica  WHERE ID_Pra = <id>"
+// "SELECT Valuta,Valore,Cambio,Rilevanza,Autorita FROM Pratica  WHERE ID_Pra =
+// <id>"
 [[nodiscard]] std::string casoPratica(std::int32_t idPratica);
 // "SELECT * FROM ConfigGenerale"
 [[nodiscard]] std::string configGenerale();

@@ -15,6 +15,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "avlor/core/Currency.h"
@@ -135,13 +136,18 @@ private:
     void setFocus(const std::string& name);
     void requestClose();
     void setGridRows(std::vector<std::vector<std::string>> rows);
+    [[nodiscard]] DialogView& view() const noexcept { return *view_; }
+    // An information message with one OK button under the dialog's title.
+    void informa(const std::string& text) const;
 
     // Start-up.
     bool LeggiPratica();
     void PreparaCampiDenaro();
 
     // Tables and the date.
-    void ScegliFamiglia(const std::string& famiglia);
+    struct Famiglia;
+    void ScegliFamiglia(const std::string& opzione);
+    void RipristinaInserimento();
     [[nodiscard]] bool ControllaAnte94();
     void SvuotaScelta();
 
@@ -152,6 +158,7 @@ private:
     [[nodiscard]] bool vuoleParcellePenali() const;
 
     // The grid and the loading of an action.
+    [[nodiscard]] std::vector<std::vector<std::string>> LeggiAzioni(bool bTariffa);
     void RiempiGriglia(bool bTariffa);
     void AggiornaGriglia();
     void CaricaAzione();
@@ -179,6 +186,10 @@ private:
     // The family option chosen last, so that templates chosen after criminal
     // work list the criminal ones.
     std::string ultimaFamiglia_ = "optDiritti";
+    // Whether the grid lists the tariff actions (or the hourly ones).
+    bool grigliaTariffa_ = true;
+    // The hourly rates (euro, lire) of the rows of cmbEseguito.
+    std::vector<std::pair<Currency, Currency>> tariffeUtenti_;
     // The list state before a choice, put back when the choice is refused.
     struct ListaPrima {
         std::string name;
