@@ -54,11 +54,7 @@ function(avlor_test name)
   set(backends ${T_BACKENDS})
   if(NOT backends)
     set(backends sqlite)
-<<<<<<< HEAD
-    foreach(lib IN ITEMS avlor_data avlor_engine avlor_dialog avlor_access avlor_component)
-=======
-    foreach(lib IN ITEMS avlor_data avlor_tariffe avlor_engine avlor_access avlor_component)
->>>>>>> main
+    foreach(lib IN ITEMS avlor_data avlor_tariffe avlor_engine avlor_dialog avlor_access avlor_component)
       if(lib IN_LIST T_LIBS)
         set(backends sqlite postgresql)
       endif()
