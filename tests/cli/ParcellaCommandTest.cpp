@@ -113,8 +113,8 @@ TEST_F(ParcellaCommandTest, StartUpReadsTheCaseFileTheConfigurationAndTheActions
     EXPECT_EQ(form["idAzioneCorrente"], 0);
 
     const json& c = a["controlli"];
-    EXPECT_EQ(c["lblClienteContro"]["testo"], "Rossi / Bianchi");
-    EXPECT_EQ(c["lblAdempimento"]["testo"], "Udienza");
+    EXPECT_EQ(c["lblClienteContro"]["caption"], "Rossi / Bianchi");
+    EXPECT_EQ(c["lblAdempimento"]["caption"], "Udienza");
     EXPECT_EQ(c["optDiritti"]["valore"], true);
     EXPECT_EQ(c["optOraria"]["valore"], false);
     EXPECT_EQ(c["FData"]["testo"], "15/03/2025");
