@@ -25,9 +25,6 @@ public:
     using CommandError::CommandError;
 };
 
-// The file behind a SQLite location: a plain path, or the path of a file: URI.
-[[nodiscard]] std::string sqliteFile(const std::string& location);
-
 struct Context {
     std::string database; // as given with --db; empty for the default
     bool json = false;
