@@ -1,28 +1,12 @@
 #include "Context.h"
 
-#include <filesystem>
 #include <ostream>
 
 #include "JsonValue.h"
 #include "avlor/data/DataError.h"
 #include "avlor/data/Database.h"
-#include "avlor/data/clsValoreSql.h"
 
 namespace avlor::cli {
-
-// The file behind a SQLite location: a plain path, or the path part of a
-// "file:" URI.
-std::string sqliteFile(const std::string& location)
-{
-    if (location.rfind("file:", 0) != 0)
-        return location;
-    std::string path = location.substr(5);
-    if (path.rfind("//", 0) == 0)
-        path = path.substr(2);
-    if (auto q = path.find('?'); q != std::string::npos)
-        path.resize(q);
-    return path;
-}
 
 std::string Context::location() const
 {
@@ -37,23 +21,12 @@ void Context::selectDatabase() const { setCurrentDatabase(location()); }
 void Context::openPracticeDatabase() const
 {
     const std::string where = location();
-    if (!isServerLocation(where)) {
-        const std::string file = sqliteFile(where);
-        if (file != ":memory:" && !std::filesystem::exists(file))
-            throw CommandError("no practice database at " + where + " (create one with: avlor db init " + where +
-                               ")");
-        // An empty file would be turned into an empty database by opening it;
-        // it is refused untouched instead.
-        std::error_code sizeError;
-        if (file != ":memory:" && std::filesystem::file_size(file, sizeError) == 0 && !sizeError)
-            throw CommandError(where + " is not a practice database (the file is empty)");
+    try {
+        requirePracticeDatabase(where);
+    } catch (const DataError& e) {
+        throw CommandError(e.what());
     }
     setCurrentDatabase(where);
-    try {
-        (void)clsValoreSql::instance().ValoreSql("SELECT Versione FROM Versioni");
-    } catch (const DataError& e) {
-        throw CommandError(shownLocation(where) + " is not a practice database (" + e.what() + ")");
-    }
 }
 
 void Context::printResult(const DispatchResult& result) const

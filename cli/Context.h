@@ -17,9 +17,6 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-// The file behind a SQLite location: a plain path, or the path of a file: URI.
-[[nodiscard]] std::string sqliteFile(const std::string& location);
-
 struct Context {
     std::string database; // as given with --db; empty for the default
     bool json = false;
@@ -27,11 +24,12 @@ struct Context {
 
     // The database location in force for this run.
     [[nodiscard]] std::string location() const;
-    // Makes the chosen database current after checking that it exists and
-    // holds the practice schema; raises CommandError otherwise.
+    // Makes the chosen database current after checking, without changing
+    // anything there, that it holds a complete practice database; raises
+    // CommandError otherwise.
     void openPracticeDatabase() const;
-    // Makes the chosen database current without checks (late-bound calls
-    // behave as the component does on a missing database).
+    // Makes the chosen database current without checks (for questions that
+    // need no database, such as the current user).
     void selectDatabase() const;
 
     // Prints {"risultato": ...} with --json, the plain value otherwise.
