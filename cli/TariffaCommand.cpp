@@ -8,7 +8,7 @@
 #include "avlor/engine/CalcolaTariffaModulo.h"
 #include "avlor/core/Error.h"
 #include "avlor/core/Messages.h"
-#include "avlor/data/tariffe/FeeTables.h"
+#include "avlor/core/FeeTables.h"
 
 namespace avlor::cli {
 

@@ -40,7 +40,7 @@ endfunction()
 # GoogleTest program whose cases CTest lists one by one.
 #
 # A suite over the practice database (one that links a module reaching it:
-# data, engine, access, component) runs on both backends: its cases are
+# data, tariffe, engine, access, component) runs on both backends: its cases are
 # listed once as they are (SQLite) and, when AVLOR_POSTGRES_TESTS is on,
 # once more prefixed "pg." with AVLOR_TEST_BACKEND=postgresql, so that
 # tests/support/TestDatabase.h makes its databases on the PostgreSQL server
@@ -54,7 +54,7 @@ function(avlor_test name)
   set(backends ${T_BACKENDS})
   if(NOT backends)
     set(backends sqlite)
-    foreach(lib IN ITEMS avlor_data avlor_engine avlor_access avlor_component)
+    foreach(lib IN ITEMS avlor_data avlor_tariffe avlor_engine avlor_access avlor_component)
       if(lib IN_LIST T_LIBS)
         set(backends sqlite postgresql)
       endif()
