@@ -39,7 +39,7 @@ void addDbCommands(CLI::App& app, Context& context)
                      "tables, new ids) and nothing more");
     init->callback([&context, options] {
         const std::string where = options->location.empty() ? context.location() : options->location;
-        const std::filesystem::path folder = officialTariffsFolder();
+        const OfficialTariffFiles figures = officialTariffFiles();
         // Built where nobody sees it and made visible only when complete: a
         // run that fails or is killed leaves no database behind, and the
         // next run starts afresh.
@@ -47,7 +47,7 @@ void addDbCommands(CLI::App& app, Context& context)
         {
             NewPracticeDatabase made(where);
             setCurrentDatabase(made.fillLocation());
-            loaded = loadOfficialTariffs(folder);
+            loaded = loadOfficialTariffs(figures);
             if (options->demo)
                 createDemoFirm();
             if (!options->role.empty())

@@ -16,13 +16,7 @@ namespace avlor {
 
 namespace {
 
-void removeFileAndCompanions(const std::filesystem::path& file) noexcept {
-    std::error_code ignored;
-    std::filesystem::remove(file, ignored);
-    for (const std::string& companion : sqliteCompanionFiles(file.string())) {
-        std::filesystem::remove(companion, ignored);
-    }
-}
+void removeFileAndCompanions(const std::filesystem::path& file) noexcept { removeSqliteFiles(file); }
 
 // Removes the databases in the making of runs that were killed: those whose
 // process is gone.

@@ -42,14 +42,6 @@ std::string percentDecoded(std::string_view text) {
     return result;
 }
 
-void removeDatabaseFiles(const std::filesystem::path& file) noexcept {
-    std::error_code ignored;
-    std::filesystem::remove(file, ignored);
-    for (const std::string& companion : sqliteCompanionFiles(file.string())) {
-        std::filesystem::remove(companion, ignored);
-    }
-}
-
 // Makes the file, failing if anything is there already: the test and the
 // creation are one step, so two processes cannot both create it.
 void createEmptyFile(const std::string& location, const std::filesystem::path& file) {
@@ -72,6 +64,13 @@ void createEmptyFile(const std::string& location, const std::filesystem::path& f
 }
 
 } // namespace
+
+void removeSqliteFiles(const std::filesystem::path& file) noexcept {
+    std::error_code ignored;
+    for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
+        std::filesystem::remove(file.string() + suffix, ignored);
+    }
+}
 
 SqliteLocation sqliteLocation(const std::string& location) {
     SqliteLocation where;
@@ -131,7 +130,7 @@ std::shared_ptr<SqliteConnection> createSqlitePracticeDatabase(const std::string
         connection = SqliteConnection::connect(location);
     } catch (...) {
         if (!where.inMemory) {
-            removeDatabaseFiles(where.file);
+            removeSqliteFiles(where.file);
         }
         throw;
     }
@@ -145,7 +144,7 @@ std::shared_ptr<SqliteConnection> createSqlitePracticeDatabase(const std::string
     } catch (...) {
         connection.reset();
         if (!where.inMemory) {
-            removeDatabaseFiles(where.file);
+            removeSqliteFiles(where.file);
         }
         throw;
     }
@@ -153,11 +152,8 @@ std::shared_ptr<SqliteConnection> createSqlitePracticeDatabase(const std::string
 }
 
 std::string sqliteDatabaseFile(const std::string& location) {
-    if (isPgLocation(location)) {
-        return {};
-    }
-    const SqliteLocation where = sqliteLocation(location);
-    return where.inMemory ? std::string() : where.file.string();
+    const auto file = databaseFile(location);
+    return file ? file->string() : std::string();
 }
 
 std::vector<std::string> sqliteCompanionFiles(const std::string& file) {
