@@ -5,6 +5,7 @@
 
 #include "CallArguments.h"
 #include "JsonValue.h"
+#include "Utf8Text.h"
 #include "avlor/core/Messages.h"
 
 namespace avlor::cli {
@@ -32,7 +33,7 @@ void addCallCommand(CLI::App& app, Context& context)
         std::vector<Value> arguments =
             argumentsFromWords(std::vector<std::string>(words.begin() + 2, words.end()));
 
-        context.selectDatabase();
+        context.openPracticeDatabase();
         auto object = CreateObject(words[0]);
         ScopedMessageRecorder messages;
         const DispatchResult result = object->invoke(words[1], arguments);
@@ -44,7 +45,7 @@ void addCallCommand(CLI::App& app, Context& context)
             out["argomenti"].push_back(toJson(a));
         out["messaggi"] = nlohmann::ordered_json::array();
         for (const auto& shown : messages.recorder().shown())
-            out["messaggi"].push_back(shown.text);
+            out["messaggi"].push_back(utf8Text(shown.text));
         *context.out << out.dump() << '\n';
     });
 }

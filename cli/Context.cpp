@@ -1,12 +1,10 @@
 #include "Context.h"
 
-#include <filesystem>
 #include <ostream>
 
 #include "JsonValue.h"
 #include "avlor/data/DataError.h"
 #include "avlor/data/Database.h"
-#include "avlor/data/clsValoreSql.h"
 
 namespace avlor::cli {
 
@@ -23,22 +21,12 @@ void Context::selectDatabase() const { setCurrentDatabase(location()); }
 void Context::openPracticeDatabase() const
 {
     const std::string where = location();
-    if (const auto file = databaseFile(where)) {
-        if (!std::filesystem::exists(*file))
-            throw CommandError("no practice database at " + where + " (create one with: avlor db init " + where +
-                               ")");
-        // An empty file would be turned into an empty database by opening it;
-        // it is refused untouched instead.
-        std::error_code sizeError;
-        if (std::filesystem::file_size(*file, sizeError) == 0 && !sizeError)
-            throw CommandError(where + " is not a practice database (the file is empty)");
+    try {
+        requirePracticeDatabase(where);
+    } catch (const DataError& e) {
+        throw CommandError(e.what());
     }
     setCurrentDatabase(where);
-    try {
-        (void)clsValoreSql::instance().ValoreSql("SELECT Versione FROM Versioni");
-    } catch (const DataError& e) {
-        throw CommandError(shownLocation(where) + " is not a practice database (" + e.what() + ")");
-    }
 }
 
 void Context::printResult(const DispatchResult& result) const

@@ -32,11 +32,12 @@ struct Context {
 
     // The database location in force for this run.
     [[nodiscard]] std::string location() const;
-    // Makes the chosen database current after checking that it exists and
-    // holds the practice schema; raises CommandError otherwise.
+    // Makes the chosen database current after checking, without changing
+    // anything there, that it holds a complete practice database; raises
+    // CommandError otherwise.
     void openPracticeDatabase() const;
-    // Makes the chosen database current without checks (late-bound calls
-    // behave as the component does on a missing database).
+    // Makes the chosen database current without checks (for questions that
+    // need no database, such as the current user).
     void selectDatabase() const;
 
     // Prints {"risultato": ...} with --json, the plain value otherwise.

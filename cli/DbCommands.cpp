@@ -6,25 +6,17 @@
 
 #include "DemoFirm.h"
 #include "avlor/data/Database.h"
+#include "avlor/data/NewPracticeDatabase.h"
 #include "avlor/tariffe/OfficialTariffs.h"
 
 namespace avlor::cli {
 
 namespace {
 
-// A new database whose filling failed is removed again, so that a failed
-// "db init" leaves nothing behind and can simply be run again. A server
-// database keeps its empty schema (its fee tables are loaded in one
-// transaction, so none is half-loaded); the error says what failed.
-void discardNewDatabase(const std::string& where)
-{
-    closeConnections();
-    removeDatabaseFiles(where);
-}
-
 struct InitOptions {
     std::string location;
     bool demo = false;
+    std::string role;
 };
 
 } // namespace
@@ -42,19 +34,26 @@ void addDbCommands(CLI::App& app, Context& context)
                      "Path, file: URI or postgresql:// URI (default: --db, $AVLOR_DB, else the per-user file)");
     init->add_flag("--demo", options->demo,
                    "Add a small sample firm: users with hourly rates, groups, case files, actions, a fee template");
+    init->add_option("--ruolo-postazioni", options->role,
+                     "PostgreSQL only: grant this existing role what the workstations need (rows of the practice "
+                     "tables, new ids) and nothing more");
     init->callback([&context, options] {
         const std::string where = options->location.empty() ? context.location() : options->location;
         const OfficialTariffFiles figures = officialTariffFiles();
-        createPracticeDatabase(where);
+        // Built where nobody sees it and made visible only when complete: a
+        // run that fails or is killed leaves no database behind, and the
+        // next run starts afresh.
         OfficialTariffsResult loaded;
-        try {
-            setCurrentDatabase(where);
+        {
+            NewPracticeDatabase made(where);
+            setCurrentDatabase(made.fillLocation());
             loaded = loadOfficialTariffs(figures);
             if (options->demo)
                 createDemoFirm();
-        } catch (...) {
-            discardNewDatabase(where);
-            throw;
+            if (!options->role.empty())
+                made.grantWorkstationRole(options->role);
+            setCurrentDatabase(where);
+            made.publish();
         }
 
         std::size_t items = 0;

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "Utf8Text.h"
+
 namespace avlor::cli {
 
 nlohmann::ordered_json toJson(const Value& value)
@@ -29,7 +31,7 @@ nlohmann::ordered_json toJson(const Value& value)
     case ValueKind::Date:
         return value.asDate().toDayFirst();
     case ValueKind::Text:
-        return value.asText();
+        return utf8Text(value.asText());
     }
     return nullptr;
 }

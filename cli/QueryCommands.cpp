@@ -94,8 +94,12 @@ void addQueryCommands(CLI::App& app, Context& context)
                 context.selectDatabase();
             std::vector<Value> arguments;
             for (std::size_t i = 0; i < q.arguments.size(); ++i)
-                arguments.push_back(q.arguments[i].second == Word::Text ? Value::text((*words)[i])
-                                                                        : argumentFromWord((*words)[i]));
+                // The command's own verbs take ids as whole numbers only: the
+                // public classes put an id into their statement as it is
+                // written, so any other word would become part of the SQL.
+                arguments.push_back(q.arguments[i].second == Word::Text
+                                        ? Value::text((*words)[i])
+                                        : Value::longValue(idFromWord(q.arguments[i].first, (*words)[i])));
             auto object = CreateObject(q.progId);
             context.printResult(object->invoke(q.method, arguments));
         });

@@ -1,9 +1,11 @@
 #include "TariffaCommand.h"
 
 #include <algorithm>
+#include <cctype>
 #include <ostream>
 
-#include "avlor/component/ClsParcella.h"
+#include "Utf8Text.h"
+#include "avlor/engine/CalcolaTariffaModulo.h"
 #include "avlor/core/Error.h"
 #include "avlor/core/Messages.h"
 #include "avlor/core/FeeTables.h"
@@ -39,6 +41,18 @@ void addTariffaCommand(CLI::App& app, Context& context)
     command->add_option("--autorita", options->autorita, "Authority, for criminal fees (e.g. \"Tribunale\")");
 
     command->callback([&context, options] {
+        // Amounts are exact to the ten-thousandth; a finer figure would be
+        // rounded without a word.
+        if (const auto point = options->valore.find('.'); point != std::string::npos) {
+            std::size_t decimals = 0;
+            for (std::size_t i = point + 1; i < options->valore.size() && std::isdigit(static_cast<unsigned char>(options->valore[i])) != 0; ++i)
+                ++decimals;
+            if (decimals > 4)
+                throw CommandError("--valore: '" + options->valore + "' has more than four decimals");
+        }
+        if (options->rilevanza < 0 || options->rilevanza > 100)
+            throw CommandError("--rilevanza: " + std::to_string(options->rilevanza) +
+                               " is outside 0 (minimum) to 100 (maximum)");
         Currency valore;
         try {
             valore = Currency::fromText(options->valore);
@@ -55,10 +69,21 @@ void addTariffaCommand(CLI::App& app, Context& context)
         Currency minTar, maxTar, minS, maxS;
 
         ScopedMessageRecorder messages;
-        const Currency importo = ClsParcella().CalcolaTariffa(valore, rilevanza, tabella, bInd, id, minTar, maxTar,
-                                                              minS, maxS, autorita);
+        // As ClsParcella.CalcolaTariffa, which answers 0 for any failure;
+        // the command also says when a figure overflows instead of printing
+        // a 0 that looks like a price.
+        Currency importo;
+        try {
+            importo = CalcolaTariffaModulo(valore, rilevanza, tabella, bInd, id, minTar, maxTar, minS, maxS, autorita);
+        } catch (const ValueError& e) {
+            if (e.kind() == ValueError::Kind::Overflow)
+                throw CommandError("the figures overflow the range of amounts (" + std::string(e.what()) + ")");
+            importo = Currency{};
+        } catch (const std::exception&) {
+            importo = Currency{};
+        }
         const auto& shown = messages.recorder().shown();
-        const nlohmann::ordered_json messaggio = shown.empty() ? nlohmann::ordered_json(nullptr) : nlohmann::ordered_json(shown.back().text);
+        const nlohmann::ordered_json messaggio = shown.empty() ? nlohmann::ordered_json(nullptr) : nlohmann::ordered_json(utf8Text(shown.back().text));
 
         if (context.json) {
             *context.out << nlohmann::ordered_json{{"importo", importo.toFixed4()}, {"MinTar", minTar.toFixed4()},

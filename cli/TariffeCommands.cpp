@@ -1,9 +1,11 @@
 #include "TariffeCommands.h"
 
-#include <fstream>
+#include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <ostream>
 
+#include "OutputFile.h"
 #include "avlor/core/FeeTables.h"
 #include "avlor/tariffe/TariffExport.h"
 #include "avlor/tariffe/TariffImport.h"
@@ -12,6 +14,8 @@
 namespace avlor::cli {
 
 namespace {
+
+constexpr std::uintmax_t MaxImportBytes = 16U * 1024U * 1024U;
 
 struct TariffeOptions {
     std::string tabella;
@@ -59,6 +63,15 @@ void addTariffeCommands(CLI::App& app, Context& context)
     importa->add_option("FILE", options->file, "The CSV file")->required();
     importa->callback([&context, options] {
         const FeeTable table = requireFeeTable(options->tabella);
+        // A file is checked whole in memory before anything is written; an
+        // official table is a few hundred kilobytes, so a file past the
+        // limit is not one, and is refused before it can exhaust memory.
+        std::error_code sizeError;
+        const auto size = std::filesystem::file_size(options->file, sizeError);
+        if (!sizeError && size > MaxImportBytes)
+            throw CommandError(options->file + " holds " + std::to_string(size) +
+                               " bytes; a fee-table file may hold at most " + std::to_string(MaxImportBytes) +
+                               " bytes (16 MiB)");
         context.openPracticeDatabase();
         const TariffImportResult result = importTariffFile(table.name, options->file);
         if (context.json)
@@ -78,15 +91,15 @@ void addTariffeCommands(CLI::App& app, Context& context)
     esporta->add_option("--output,-o", options->output, "Write to this file instead of the standard output");
     esporta->callback([&context, options] {
         const FeeTable table = requireFeeTable(options->tabella);
+        if (!options->output.empty())
+            refuseDatabaseAsOutput(options->output, context.location());
         context.openPracticeDatabase();
         const std::string text = exportTariffText(table.name);
         if (options->output.empty()) {
             *context.out << text;
             return;
         }
-        std::ofstream file(options->output, std::ios::binary | std::ios::trunc);
-        if (!file || !(file << text) || !file.flush())
-            throw CommandError("cannot write " + options->output);
+        writeWholeFile(options->output, text);
     });
 }
 

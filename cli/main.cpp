@@ -1,7 +1,9 @@
 // avlor: the AvlorLogic component from the shell, for a firm's administrator,
 // a host developer and the project's own tests.
+#include <csignal>
 #include <cstdlib>
 #include <iostream>
+#include <new>
 
 #include <CLI/CLI.hpp>
 
@@ -15,6 +17,9 @@
 
 int main(int argc, char** argv)
 {
+    // Past a file-size limit a write fails with an error the command reports
+    // (and cleans up after) instead of killing it half-way.
+    std::signal(SIGXFSZ, SIG_IGN);
     avlor::cli::Context context;
     context.out = &std::cout;
 
@@ -36,11 +41,15 @@ int main(int argc, char** argv)
 
     try {
         app.parse(argc, argv);
-    } catch (const CLI::ParseError& e) {
-        return app.exit(e);
+    } catch (const CLI::Success& e) {
+        return app.exit(e); // --help
+    } catch (const std::bad_alloc&) {
+        std::cerr << "avlor: error: not enough memory for this command\n";
+        return EXIT_FAILURE;
     } catch (const std::exception& e) {
-        // A script that cannot go on ends with its own status, so that a
-        // caller tells it from a command that failed.
+        // Argument errors and every other failure alike: one line, status 1;
+        // a script that cannot go on ends with status 2, so that a caller
+        // tells it from a command that failed.
         const int status = dynamic_cast<const avlor::cli::ScriptError*>(&e) ? 2 : EXIT_FAILURE;
         std::string message = e.what();
         for (char& c : message) {

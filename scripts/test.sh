@@ -11,7 +11,7 @@
 # stopped and removed when the script ends, whether the tests pass or not.
 # Its data is thrown away, so it runs without flushing to disk. To use a
 # server of your own instead, set AVLOR_TEST_PG_URI (a role that may create
-# databases; its password from the URI, PGPASSWORD or PGPASSFILE).
+# databases and roles; its password from the URI, PGPASSWORD or PGPASSFILE).
 #
 # AVLOR_TEST_JOBS sets how many tests run at once (default 2).
 set -euo pipefail
@@ -63,7 +63,7 @@ start_test_server() {
     return 1
   fi
   "${as_server[@]}" "$bin/psql" -q -h "$server_dir" -p "$server_port" -U avlor_admin -d postgres -v ON_ERROR_STOP=1 \
-    -c "CREATE ROLE avlor_test LOGIN CREATEDB PASSWORD '$role_password'" >/dev/null
+    -c "CREATE ROLE avlor_test LOGIN CREATEDB CREATEROLE PASSWORD '$role_password'" >/dev/null
   printf '127.0.0.1:%s:*:avlor_test:%s\n' "$server_port" "$role_password" >"$server_dir/pgpass"
   chmod 600 "$server_dir/pgpass"
   export PGPASSFILE="$server_dir/pgpass"

@@ -143,6 +143,27 @@ void createPracticeDatabase(const std::string& location) {
 
 bool isServerLocation(const std::string& location) { return isPgLocation(location); }
 
+void requirePracticeDatabase(const std::string& location) {
+    requireLocation(location);
+    if (!isPgLocation(location)) {
+        requireSqlitePracticeDatabase(location);
+        return;
+    }
+    // On a server a read runs in a read-only transaction of its own: looking
+    // changes nothing there either.
+    Value version;
+    try {
+        version = connectionFor(location)->singleValue("SELECT Versione FROM Versioni");
+    } catch (const DataError& e) {
+        throw DataError(shownLocation(location) + " is not a practice database (" + e.what() + ")");
+    }
+    if (version.isEmpty()) {
+        throw DataError(shownLocation(location) +
+                        " is an incomplete practice database: its creation never finished; empty the database and "
+                        "run avlor db init again");
+    }
+}
+
 std::optional<std::filesystem::path> databaseFile(const std::string& location) {
     if (isPgLocation(location)) {
         return std::nullopt;

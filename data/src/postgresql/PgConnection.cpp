@@ -23,11 +23,20 @@ constexpr const char* UndefinedTable = "42P01";
 constexpr const char* ReadOnlyTransaction = "25006";
 constexpr const char* ConnectionFailure = "08006";
 constexpr const char* CannotConnect = "08001";
+constexpr const char* QueryCanceled = "57014";
+constexpr const char* LockNotAvailable = "55P03";
 
 // The settings every session runs with (see PgConnection.h).
 constexpr const char* SessionSettings =
     "SET DateStyle = 'ISO, DMY'; SET IntervalStyle = 'postgres'; SET extra_float_digits = 1; "
-    "SET standard_conforming_strings = on; SET default_transaction_read_only = on";
+    "SET standard_conforming_strings = on; SET default_transaction_read_only = on; "
+    "SET idle_in_transaction_session_timeout = 0";
+
+// What a read leaves behind is undone before the session serves the next
+// caller: the rollback ends the read's transaction with every setting it
+// changed (set_config, SET), and session locks taken by a statement's text
+// are released.
+constexpr const char* AfterRead = "ROLLBACK; SELECT pg_catalog.pg_advisory_unlock_all()";
 
 // Serialises the making of practice schemas in one database.
 constexpr const char* SchemaLock = "SELECT pg_catalog.pg_advisory_xact_lock(7347301501)";
@@ -86,7 +95,8 @@ void PgConnection::openSession() {
         throw DataError("Cannot connect to the PostgreSQL server: out of memory", shown_, CannotConnect);
     }
     if (PQstatus(session) != CONNECTION_OK) {
-        const std::string message = oneLine(PQerrorMessage(session));
+        // libpq quotes pieces of a malformed URI, the password included.
+        const std::string message = withoutPgPassword(oneLine(PQerrorMessage(session)), location_);
         PQfinish(session);
         throw DataError("Cannot connect to the PostgreSQL server: " + message, shown_, CannotConnect);
     }
@@ -100,6 +110,29 @@ void PgConnection::openSession() {
     }
     session_ = session;
     owner_ = getpid();
+    applyTimeLimit();
+}
+
+void PgConnection::applyTimeLimit() {
+    // A writer waits for another workstation's write as long as a statement
+    // may run, then says why it gave up.
+    // The wait for a lock ends a little before the statement's own limit, so
+    // that the error names the real cause.
+    const std::string sql = "SET statement_timeout = " + std::to_string(timeLimit_.count()) +
+                            "; SET lock_timeout = " + std::to_string(timeLimit_.count() - timeLimit_.count() / 10);
+    const PgResult result(PQexec(session_, sql.c_str()));
+    if (PQresultStatus(result.get()) != PGRES_COMMAND_OK) {
+        throw DataError("Cannot set up the session on the PostgreSQL server: " +
+                            oneLine(PQresultErrorMessage(result.get())),
+                        shown_, field(result.get(), PG_DIAG_SQLSTATE));
+    }
+}
+
+void PgConnection::setStatementTimeLimit(std::chrono::milliseconds limit) {
+    timeLimit_ = limit;
+    if (session_ != nullptr && owner_ == getpid() && PQstatus(session_) == CONNECTION_OK) {
+        applyTimeLimit();
+    }
 }
 
 void PgConnection::dropSession() noexcept {
@@ -147,11 +180,26 @@ void PgConnection::fail(const PGresult* result, const std::string& reportAs) {
         throw DataError("The connection to the PostgreSQL server was lost: " + message, reportAs,
                         code.empty() ? ConnectionFailure : code);
     }
+    if (code == QueryCanceled) {
+        throw DataError("The statement ran longer than the time limit of " + timeLimitText(timeLimit_) +
+                            " and was stopped",
+                        reportAs, code);
+    }
+    if (code == LockNotAvailable) {
+        throw DataError("Another program kept the rows locked for writing for " + timeLimitText(timeLimit_) +
+                            "; try again when it has finished",
+                        reportAs, code);
+    }
     if (code == ReadOnlyTransaction) {
         throw DataError("Not a query: only a SELECT statement or a table name can be opened (" + message + ")",
                         reportAs, code);
     }
     if (code == UndefinedTable && transaction_ == Transaction::None) {
+        // The read's own transaction is spoilt by the failure; the probe
+        // needs a fresh one.
+        if (PQtransactionStatus(session_) != PQTRANS_IDLE) {
+            PQclear(PQexec(session_, "ROLLBACK"));
+        }
         // A database made without the practice schema (the wrong database
         // named, or never initialised) is told as such.
         const PgResult probe(PQexec(session_, "SELECT pg_catalog.to_regclass('versioni') IS NULL"));
@@ -185,7 +233,37 @@ PgResult PgConnection::run(const std::string& sql, const PgParameters& parameter
 void PgConnection::command(const char* sql, const std::string& reportAs) { (void)run(sql, {}, reportAs); }
 
 PgResult PgConnection::query(const std::string& sql, const PgParameters& parameters, const std::string& reportAs) {
-    return run(sql, parameters, reportAs);
+    // Inside a transaction of the layer's own (a write, the schema) the read
+    // belongs to it.
+    if (transaction_ != Transaction::None ||
+        (session_ != nullptr && owner_ == getpid() && PQtransactionStatus(session_) != PQTRANS_IDLE)) {
+        return run(sql, parameters, reportAs);
+    }
+    // A read outside the layer's transactions runs in a read-only
+    // transaction of its own, whatever the session's defaults say by now:
+    // the statement's text may come from a person (ids are concatenated),
+    // and nothing it does may outlive it.
+    command("BEGIN READ ONLY", reportAs);
+    try {
+        PgResult result = run(sql, parameters, reportAs);
+        endRead();
+        return result;
+    } catch (...) {
+        endRead();
+        throw;
+    }
+}
+
+void PgConnection::endRead() noexcept {
+    if (session_ == nullptr || owner_ != getpid() || PQstatus(session_) != CONNECTION_OK) {
+        return;
+    }
+    PGresult* result = PQexec(session_, AfterRead);
+    PQclear(result);
+    // A session that cannot be put back in order is not handed out again.
+    if (PQtransactionStatus(session_) != PQTRANS_IDLE) {
+        dropSession();
+    }
 }
 
 PgResult PgConnection::describe(const std::string& sql, const std::string& reportAs) {
@@ -323,7 +401,29 @@ std::vector<std::string> PgConnection::tableNames() {
     return names;
 }
 
+void PgConnection::holdTransaction() {
+    beginTransaction();
+    held_ = true;
+}
+
+void PgConnection::commitHeldTransaction() {
+    held_ = false;
+    nested_ = false;
+    commitTransaction();
+}
+
+void PgConnection::rollbackHeldTransaction() noexcept {
+    held_ = false;
+    nested_ = false;
+    rollbackTransaction();
+}
+
 void PgConnection::beginTransaction() {
+    if (held_ && !nested_ && transaction_ == Transaction::Open) {
+        command("SAVEPOINT avlor_nested", "SAVEPOINT");
+        nested_ = true;
+        return;
+    }
     if (transaction_ != Transaction::None) {
         throw DataError("A transaction is already open on this connection", shown_);
     }
@@ -332,6 +432,11 @@ void PgConnection::beginTransaction() {
 }
 
 void PgConnection::commitTransaction() {
+    if (nested_) {
+        nested_ = false;
+        command("RELEASE SAVEPOINT avlor_nested", "RELEASE");
+        return;
+    }
     if (transaction_ == Transaction::None) {
         throw DataError("No transaction is open on this connection", shown_);
     }
@@ -357,6 +462,13 @@ void PgConnection::commitTransaction() {
 }
 
 void PgConnection::rollbackTransaction() noexcept {
+    if (nested_) {
+        nested_ = false;
+        if (transaction_ == Transaction::Open && session_ != nullptr && PQstatus(session_) == CONNECTION_OK) {
+            PQclear(PQexec(session_, "ROLLBACK TO SAVEPOINT avlor_nested; RELEASE SAVEPOINT avlor_nested"));
+        }
+        return;
+    }
     if (transaction_ == Transaction::None) {
         return;
     }
@@ -369,7 +481,10 @@ void PgConnection::installSchema() {
     if (scripts.empty()) {
         throw DataError("No schema scripts are built into this library", shown_);
     }
-    command("BEGIN READ WRITE", "BEGIN");
+    const bool own = transaction_ == Transaction::None;
+    if (own) {
+        command("BEGIN READ WRITE", "BEGIN");
+    }
     try {
         command(SchemaLock, "schema lock");
         const PgResult tables = query(
@@ -387,9 +502,13 @@ void PgConnection::installSchema() {
                 fail(result.get(), "schema script " + std::string(script.name));
             }
         }
-        command("COMMIT", "COMMIT");
+        if (own) {
+            command("COMMIT", "COMMIT");
+        }
     } catch (...) {
-        rollbackQuietly();
+        if (own) {
+            rollbackQuietly();
+        }
         throw;
     }
 }

@@ -6,11 +6,18 @@
 // come from PGPASSWORD or ~/.pgpass).
 //
 // Every session runs with:
-//   - default_transaction_read_only: a statement opened as a record set or
-//     asked for a single value runs in a read-only transaction, so it can
-//     never change the database, whatever its text; the layer's own writes
+//   - default_transaction_read_only, and more: a statement opened as a record
+//     set or asked for a single value runs in a read-only transaction of its
+//     own (BEGIN READ ONLY), so it can never change the database whatever its
+//     text and whatever it did to the session's defaults; the transaction is
+//     rolled back afterwards, which undoes every setting the statement
+//     changed, and session locks it took are released, so the pooled
+//     session goes back to the next caller as it was. The layer's own writes
 //     (Update, AddNew, Delete, scripts, schema) run in explicit read-write
 //     transactions;
+//   - statement_timeout: a statement running longer than the time limit
+//     (Connection::DefaultStatementTimeLimit) is stopped with a DataError
+//     that says so;
 //   - DateStyle 'ISO, DMY': dates come back as 'YYYY-MM-DD', and a date
 //     written as text in a statement ('02/06/2004') is read day first, as
 //     everywhere in the application;
@@ -28,6 +35,7 @@
 // A process that forks leaves the session to the parent: a child that uses
 // the connection opens a session of its own and never touches the
 // parent's.
+#include <chrono>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -82,10 +90,20 @@ public:
     void commitTransaction() override;
     void rollbackTransaction() noexcept override;
     [[nodiscard]] bool inTransaction() const noexcept override { return transaction_ != Transaction::None; }
+    void setStatementTimeLimit(std::chrono::milliseconds limit) override;
 
-    // Installs the schema scripts in an empty database, as one transaction.
-    // Refuses (DataError, nothing written) a database that holds any table.
+    // Installs the schema scripts in an empty database, as one transaction
+    // (or as part of the held transaction). Refuses (DataError, nothing
+    // written) a database that holds any table.
     void installSchema();
+
+    // One transaction around everything that follows until
+    // commitHeldTransaction, for making a whole new database in one step:
+    // inside it, beginTransaction/commitTransaction (a fee table's load)
+    // become a savepoint of it, so the whole is kept together or not at all.
+    void holdTransaction();
+    void commitHeldTransaction();
+    void rollbackHeldTransaction() noexcept;
 
     // The location with any password masked, for messages.
     [[nodiscard]] const std::string& shownLocation() const noexcept { return shown_; }
@@ -114,6 +132,9 @@ private:
     // The session, reopened first when it was lost.
     PGconn* session();
     void openSession();
+    void applyTimeLimit();
+    // Ends a read's own transaction and puts the session back in order.
+    void endRead() noexcept;
     void dropSession() noexcept;
     // Runs a statement of the layer's own that returns nothing of interest.
     void command(const char* sql, const std::string& reportAs);
@@ -129,6 +150,9 @@ private:
     PGconn* session_ = nullptr;
     pid_t owner_ = 0; // the process that opened the session
     Transaction transaction_ = Transaction::None;
+    bool held_ = false;   // holdTransaction is in force
+    bool nested_ = false; // a savepoint of the held transaction is open
+    std::chrono::milliseconds timeLimit_ = DefaultStatementTimeLimit;
     std::map<std::uint32_t, std::string> tableNames_; // oid -> name, for result columns
 };
 

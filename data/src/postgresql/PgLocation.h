@@ -13,4 +13,9 @@ namespace avlor {
 // parameter) replaced by "***", for messages.
 [[nodiscard]] std::string shownPgLocation(std::string_view location);
 
+// A message about `location` (libpq's, which may quote a piece of a
+// malformed URI) with every form of its password, as written and with its
+// percent escapes decoded, replaced by "***".
+[[nodiscard]] std::string withoutPgPassword(std::string message, std::string_view location);
+
 } // namespace avlor

@@ -4,17 +4,25 @@
 #include "SchemaScripts.h"
 #include "avlor/data/DataError.h"
 #include "avlor/data/SqliteDialect.h"
+#include "sqlite/SqliteDatabase.h"
 #include "sqlite/SqliteRowSource.h"
 #include "sqlite/SqliteValues.h"
 
 namespace avlor {
 
 std::shared_ptr<SqliteConnection> SqliteConnection::connect(const std::string& location) {
+    // A file this user may only read, with no program writing it, is read as
+    // an immutable file: reading it then leaves no -wal or -shm file beside
+    // it, and works in a folder this user cannot write either.
+    std::string opened = location;
+    if (const SqliteLocation where = sqliteLocation(location); !where.inMemory && readOnlyAndQuiet(where.file)) {
+        opened = immutableSqliteUri(where.file);
+    }
     sqlite3* raw = nullptr;
     // Never SQLITE_OPEN_CREATE: a mistyped location must fail, not leave an
     // empty database behind. New databases are made by
     // createPracticeDatabase.
-    const int rc = sqlite3_open_v2(location.c_str(), &raw,
+    const int rc = sqlite3_open_v2(opened.c_str(), &raw,
                                    SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI | SQLITE_OPEN_EXRESCODE, nullptr);
     std::unique_ptr<sqlite3, Closer> db(raw);
     if (rc != SQLITE_OK) {
@@ -22,6 +30,9 @@ std::shared_ptr<SqliteConnection> SqliteConnection::connect(const std::string& l
     }
     std::shared_ptr<SqliteConnection> connection(new SqliteConnection(location, std::move(db)));
     sqlite3_busy_timeout(connection->handle(), BusyTimeoutMs);
+    // Checked every few thousand virtual-machine steps: cheap, and fine
+    // enough to stop a runaway statement within a fraction of a second.
+    sqlite3_progress_handler(connection->handle(), 4096, &SqliteConnection::pastDeadline, connection.get());
     // A file that may only be read (an archive copy) is opened as it is.
     if (sqlite3_db_readonly(connection->handle(), "main") != 1) {
         connection->execute("PRAGMA journal_mode = WAL");
@@ -41,7 +52,12 @@ SqliteStatementCache::Lease SqliteConnection::prepare(const std::string& sql, co
     return statements_.acquire(db_.get(), sql, reportAs);
 }
 
+int SqliteConnection::pastDeadline(void* connection) noexcept {
+    return std::chrono::steady_clock::now() > static_cast<SqliteConnection*>(connection)->deadline_ ? 1 : 0;
+}
+
 bool SqliteConnection::step(sqlite3_stmt* statement, const std::string& reportAs) {
+    startClock();
     const int rc = sqlite3_step(statement);
     if (rc == SQLITE_ROW) {
         return true;
@@ -49,13 +65,29 @@ bool SqliteConnection::step(sqlite3_stmt* statement, const std::string& reportAs
     if (rc == SQLITE_DONE) {
         return false;
     }
+    if (rc == SQLITE_INTERRUPT) {
+        throw DataError("The statement ran longer than the time limit of " + timeLimitText(timeLimit_) +
+                            " and was stopped",
+                        reportAs, std::to_string(rc));
+    }
     raiseSqliteError(db_.get(), rc, reportAs);
 }
 
 void SqliteConnection::execute(const std::string& sql, const std::string& reportAs) {
     char* message = nullptr;
+    startClock();
     const int rc = sqlite3_exec(db_.get(), sql.c_str(), nullptr, nullptr, &message);
     if (rc != SQLITE_OK) {
+        if (rc == SQLITE_INTERRUPT) {
+            sqlite3_free(message);
+            throw DataError("The statement ran longer than the time limit of " + timeLimitText(timeLimit_) +
+                                " and was stopped",
+                            reportAs.empty() ? sql : reportAs, std::to_string(rc));
+        }
+        if (rc == SQLITE_BUSY) {
+            sqlite3_free(message);
+            raiseSqliteError(db_.get(), rc, reportAs.empty() ? sql : reportAs);
+        }
         const std::string text = message != nullptr ? message : sqlite3_errstr(rc);
         sqlite3_free(message);
         throw DataError(text, reportAs.empty() ? sql : reportAs, std::to_string(rc));

@@ -11,14 +11,19 @@
 //     not only a crash of the program. The cost is one flush per written
 //     row, which is small beside the user's pace; NORMAL would only protect
 //     against crashes of the program;
-//   - busy_timeout=5000 ms: a second process (another workstation on a
-//     shared file, the avlor command) waits for a write in progress instead
-//     of failing at once;
+//   - busy_timeout of BusyTimeoutMs: a second process (another workstation
+//     on a shared file, a second import) waits for a write in progress as
+//     long as a person would wait for it, instead of failing at once; past
+//     that the error says that another program kept the database locked;
+//   - a time limit per statement (Connection::DefaultStatementTimeLimit),
+//     checked by a progress handler: a statement running past it is
+//     interrupted with a DataError that says so;
 //   - autocommit: every Update and Delete is its own transaction, except
 //     inside a transaction opened with beginTransaction (BEGIN IMMEDIATE:
 //     the write lock is taken at once, so that another program writing the
 //     same file makes the transaction wait, busy timeout, rather than fail
 //     half-way).
+#include <chrono>
 #include <memory>
 #include <string>
 
@@ -31,7 +36,7 @@ namespace avlor {
 
 class SqliteConnection final : public Connection, public std::enable_shared_from_this<SqliteConnection> {
 public:
-    static constexpr int BusyTimeoutMs = 5000;
+    static constexpr int BusyTimeoutMs = 60000;
 
     // Opens the existing database at `location` (a path or a "file:" URI);
     // never creates one. Raises DataError when it cannot be opened.
@@ -51,6 +56,7 @@ public:
     void commitTransaction() override;
     void rollbackTransaction() noexcept override;
     [[nodiscard]] bool inTransaction() const noexcept override { return inTransaction_; }
+    void setStatementTimeLimit(std::chrono::milliseconds limit) override { timeLimit_ = limit; }
 
     // Runs the schema scripts of a new database, as one transaction.
     void installSchema();
@@ -73,11 +79,16 @@ private:
     // transaction control, schema scripts); a failure names `reportAs` (the
     // statement itself by default).
     void execute(const std::string& sql, const std::string& reportAs = {});
+    // Starts the time limit of the statement about to run.
+    void startClock() noexcept { deadline_ = std::chrono::steady_clock::now() + timeLimit_; }
+    static int pastDeadline(void* connection) noexcept;
 
     std::string location_;
     std::unique_ptr<sqlite3, Closer> db_;
     SqliteStatementCache statements_{128};
     bool inTransaction_ = false;
+    std::chrono::milliseconds timeLimit_ = DefaultStatementTimeLimit;
+    std::chrono::steady_clock::time_point deadline_ = std::chrono::steady_clock::time_point::max();
 };
 
 } // namespace avlor

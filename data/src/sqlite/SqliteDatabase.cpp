@@ -8,6 +8,8 @@
 #include <unistd.h>
 
 #include "avlor/data/DataError.h"
+#include "avlor/data/Database.h"
+#include "postgresql/PgLocation.h"
 #include "sqlite/SqliteConnection.h"
 
 namespace avlor {
@@ -96,6 +98,28 @@ SqliteLocation sqliteLocation(const std::string& location) {
     return where;
 }
 
+std::string immutableSqliteUri(const std::filesystem::path& file) {
+    static const char* const hex = "0123456789ABCDEF";
+    std::string uri = "file:";
+    for (const char c : std::filesystem::absolute(file).string()) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte <= 0x20 || byte >= 0x7F || c == '%' || c == '?' || c == '#') {
+            uri += '%';
+            uri += hex[byte >> 4U];
+            uri += hex[byte & 0x0FU];
+        } else {
+            uri += c;
+        }
+    }
+    return uri + "?mode=ro&immutable=1";
+}
+
+bool readOnlyAndQuiet(const std::filesystem::path& file) {
+    std::error_code error;
+    return ::access(file.c_str(), W_OK) != 0 && errno != ENOENT &&
+           !std::filesystem::exists(file.string() + "-wal", error);
+}
+
 std::shared_ptr<SqliteConnection> createSqlitePracticeDatabase(const std::string& location) {
     const SqliteLocation where = sqliteLocation(location);
     if (!where.inMemory) {
@@ -125,6 +149,15 @@ std::shared_ptr<SqliteConnection> createSqlitePracticeDatabase(const std::string
         throw;
     }
     return connection;
+}
+
+std::string sqliteDatabaseFile(const std::string& location) {
+    const auto file = databaseFile(location);
+    return file ? file->string() : std::string();
+}
+
+std::vector<std::string> sqliteCompanionFiles(const std::string& file) {
+    return {file + "-wal", file + "-shm", file + "-journal"};
 }
 
 } // namespace avlor

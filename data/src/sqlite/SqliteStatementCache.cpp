@@ -1,5 +1,7 @@
 #include "sqlite/SqliteStatementCache.h"
 
+#include "sqlite/SqliteConnection.h"
+
 #include <cctype>
 
 #include "avlor/data/DataError.h"
@@ -7,6 +9,15 @@
 namespace avlor {
 
 void raiseSqliteError(sqlite3* db, int rc, const std::string& sql) {
+    if ((rc & 0xFF) == SQLITE_INTERRUPT) {
+        throw DataError("The statement ran longer than its time limit and was stopped", sql, std::to_string(rc));
+    }
+    if ((rc & 0xFF) == SQLITE_BUSY) {
+        throw DataError("Another program kept the database locked for writing for " +
+                            std::to_string(SqliteConnection::BusyTimeoutMs / 1000) +
+                            " seconds; try again when it has finished",
+                        sql, std::to_string(rc));
+    }
     // Extended result codes are on, so rc names the failure exactly; the
     // connection's message is the one of the call that just failed.
     throw DataError(db != nullptr ? sqlite3_errmsg(db) : sqlite3_errstr(rc), sql, std::to_string(rc));

@@ -17,6 +17,7 @@
 // A connection is used from one thread at a time: the component runs on the
 // host's user-interface thread. Connections are pooled (Database.h), so
 // opening one per routine costs nothing.
+#include <chrono>
 #include <memory>
 #include <string>
 #include <utility>
@@ -31,6 +32,12 @@ class Dialect;
 
 class Connection {
 public:
+    // How long one statement may run before it is stopped: a statement
+    // whose text came from a person (an injected recursive query, a sleep)
+    // must not hang the workstation. Long enough for any statement of the
+    // application on a large practice database.
+    static constexpr std::chrono::milliseconds DefaultStatementTimeLimit{60000};
+
     virtual ~Connection() = default;
 
     [[nodiscard]] virtual const std::string& location() const = 0;
@@ -71,7 +78,14 @@ public:
     virtual void commitTransaction() = 0;
     virtual void rollbackTransaction() noexcept = 0;
     [[nodiscard]] virtual bool inTransaction() const noexcept = 0;
+
+    // Changes the time limit of each statement on this connection (tests,
+    // tools); a statement past it fails with DataError saying so.
+    virtual void setStatementTimeLimit(std::chrono::milliseconds limit) = 0;
 };
+
+// The time limit as messages write it ("60 seconds", "250 ms").
+[[nodiscard]] std::string timeLimitText(std::chrono::milliseconds limit);
 
 // TransactionScope: a transaction on `connection` for the lifetime of the
 // scope. Its writes stay only if commit() is called; leaving the scope

@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace avlor {
 
@@ -25,6 +26,23 @@ class Connection;
 // "file:" URI with its percent escapes decoded ("file:///a%20b.db" ->
 // "/a b.db"). None for an in-memory database or a server location.
 [[nodiscard]] std::optional<std::filesystem::path> databaseFile(const std::string& location);
+
+// The file a SQLite location keeps its database in: a path as it is, a
+// "file:" URI with its percent escapes decoded and its authority
+// ("file://localhost/p" is "/p") and parameters dropped, exactly as SQLite
+// itself reads it. Empty for an in-memory database (":memory:",
+// "file::memory:", mode=memory). Also empty for a server location.
+[[nodiscard]] std::string sqliteDatabaseFile(const std::string& location);
+// The files a SQLite database may have beside it while in use ("-wal",
+// "-shm", "-journal" after the file's own name).
+[[nodiscard]] std::vector<std::string> sqliteCompanionFiles(const std::string& file);
+
+// Checks that `location` holds a complete practice database, without
+// changing anything there: no file is made, no journal mode switched, no
+// row written. Raises DataError saying what it is instead (missing, empty,
+// a folder, not a practice database, or a practice database whose creation
+// never finished).
+void requirePracticeDatabase(const std::string& location);
 
 // Sets the database of this process; an empty text returns to the default.
 void setCurrentDatabase(const std::string& location);

@@ -1,0 +1,97 @@
+#include "OutputFile.h"
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "Context.h"
+#include "avlor/data/Database.h"
+
+namespace avlor::cli {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// The same file, whether or not it exists yet: by device and inode when it
+// does, by its absolute path with links resolved otherwise.
+bool sameFile(const fs::path& a, const fs::path& b)
+{
+    std::error_code error;
+    if (fs::exists(a, error) && fs::exists(b, error))
+        return fs::equivalent(a, b, error);
+    return fs::weakly_canonical(a, error) == fs::weakly_canonical(b, error);
+}
+
+[[noreturn]] void failed(const std::string& path, int failure)
+{
+    throw CommandError("cannot write " + path + ": " + std::strerror(failure) + "; the file was left as it was");
+}
+
+} // namespace
+
+void refuseDatabaseAsOutput(const std::string& output, const std::string& location)
+{
+    const std::string file = sqliteDatabaseFile(location);
+    if (file.empty())
+        return;
+    std::vector<std::string> guarded = sqliteCompanionFiles(file);
+    guarded.insert(guarded.begin(), file);
+    for (const auto& g : guarded) {
+        if (sameFile(output, g))
+            throw CommandError("refusing to write " + output + ": it is " +
+                               (g == file ? "the practice database " + location
+                                          : "a companion file of the practice database (" + g + ")"));
+    }
+}
+
+void writeWholeFile(const std::string& path, const std::string& text)
+{
+    const fs::path target(path);
+    const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+    std::string temporary = (folder / ("." + target.filename().string() + ".XXXXXX")).string();
+    const int fd = ::mkstemp(temporary.data());
+    if (fd < 0)
+        failed(path, errno);
+    // The new file keeps the rights of the one it replaces, or the usual
+    // ones of a new file.
+    struct stat old {};
+    if (::stat(path.c_str(), &old) == 0) {
+        (void)::fchmod(fd, old.st_mode & 07777);
+    } else {
+        const mode_t mask = ::umask(0);
+        ::umask(mask);
+        (void)::fchmod(fd, 0666 & ~mask);
+    }
+    const char* next = text.data();
+    std::size_t left = text.size();
+    int failure = 0;
+    while (left > 0) {
+        const ssize_t n = ::write(fd, next, left);
+        if (n < 0) {
+            if (errno == EINTR)
+                continue;
+            failure = errno;
+            break;
+        }
+        next += n;
+        left -= static_cast<std::size_t>(n);
+    }
+    if (failure == 0 && ::fsync(fd) != 0)
+        failure = errno;
+    if (::close(fd) != 0 && failure == 0)
+        failure = errno;
+    if (failure == 0 && ::rename(temporary.c_str(), path.c_str()) != 0)
+        failure = errno;
+    if (failure != 0) {
+        ::unlink(temporary.c_str());
+        failed(path, failure);
+    }
+}
+
+} // namespace avlor::cli

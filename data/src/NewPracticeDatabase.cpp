@@ -1,0 +1,181 @@
+#include "avlor/data/NewPracticeDatabase.h"
+
+#include <cerrno>
+#include <cstring>
+
+#include <signal.h>
+#include <unistd.h>
+
+#include "avlor/data/DataError.h"
+#include "avlor/data/Database.h"
+#include "postgresql/PgConnection.h"
+#include "postgresql/PgLocation.h"
+#include "sqlite/SqliteDatabase.h"
+
+namespace avlor {
+
+namespace {
+
+void removeFileAndCompanions(const std::filesystem::path& file) noexcept { removeSqliteFiles(file); }
+
+// Removes the databases in the making of runs that were killed: those whose
+// process is gone.
+void removeAbandoned(const std::filesystem::path& folder, const std::string& hidden) noexcept {
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
+        const std::string name = entry.path().filename().string();
+        if (name.rfind(hidden, 0) != 0) {
+            continue;
+        }
+        const std::string digits = name.substr(hidden.size());
+        if (digits.empty() || digits.find_first_not_of("0123456789") != std::string::npos || digits.size() > 9) {
+            continue;
+        }
+        const auto pid = static_cast<pid_t>(std::stol(digits));
+        if (::kill(pid, 0) != 0 && errno == ESRCH) {
+            removeFileAndCompanions(entry.path());
+        }
+    }
+}
+
+} // namespace
+
+NewPracticeDatabase::NewPracticeDatabase(std::string location) : location_(std::move(location)) {
+    if (location_.empty()) {
+        throw DataError("No database location given");
+    }
+    if (isPgLocation(location_)) {
+        fill_ = location_;
+        server_ = std::dynamic_pointer_cast<PgConnection>(connectionFor(location_));
+        if (server_ == nullptr) {
+            throw DataError("Not a PostgreSQL connection", shownPgLocation(location_));
+        }
+        server_->holdTransaction();
+        try {
+            server_->installSchema();
+        } catch (...) {
+            discard();
+            throw;
+        }
+        return;
+    }
+    const SqliteLocation where = sqliteLocation(location_);
+    if (where.inMemory) {
+        throw DataError("An in-memory database vanishes when the program ends; name a file for the practice database",
+                        location_);
+    }
+    file_ = where.file;
+    std::error_code error;
+    const auto status = std::filesystem::symlink_status(file_, error);
+    if (std::filesystem::is_directory(status)) {
+        throw DataError("This location is a folder; name a file inside it for the practice database", location_);
+    }
+    if (std::filesystem::exists(status)) {
+        throw DataError("A database already exists at this location; it is left untouched", location_);
+    }
+    // The folders that do not exist yet, to be removed again on failure.
+    const std::filesystem::path folder = std::filesystem::absolute(file_).parent_path();
+    for (std::filesystem::path missing = folder; !missing.empty() && !std::filesystem::exists(missing, error);
+         missing = missing.parent_path()) {
+        folders_.insert(folders_.begin(), missing);
+        if (missing == missing.parent_path()) {
+            break;
+        }
+    }
+    for (const auto& made : folders_) {
+        if (!std::filesystem::create_directory(made, error) && error) {
+            discard();
+            throw DataError("Cannot make the folder of the database: " + error.message(), location_);
+        }
+    }
+    const std::string hidden = "." + file_.filename().string() + ".nuovo-";
+    removeAbandoned(folder, hidden);
+    fill_ = (folder / (hidden + std::to_string(::getpid()))).string();
+    removeFileAndCompanions(fill_); // left by a killed run of a process with the same id
+    try {
+        createPracticeDatabase(fill_);
+    } catch (...) {
+        discard();
+        throw;
+    }
+}
+
+NewPracticeDatabase::~NewPracticeDatabase() {
+    if (!published_) {
+        discard();
+    }
+}
+
+void NewPracticeDatabase::grantWorkstationRole(const std::string& role) {
+    if (server_ == nullptr) {
+        throw DataError("Workstation roles exist on a PostgreSQL server only", location_);
+    }
+    bool plain = !role.empty() && role.size() <= 63 && (role.front() < '0' || role.front() > '9');
+    for (const char c : role) {
+        plain = plain && ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_');
+    }
+    if (!plain) {
+        throw DataError("'" + role + "' is not a plain role name (letters, digits and '_', not starting with a digit)");
+    }
+    const std::string grantee = "\"" + role + "\"";
+    const PgResult schema = server_->query("SELECT pg_catalog.quote_ident(pg_catalog.current_schema())", {}, "schema");
+    const std::string in = PQgetvalue(schema.get(), 0, 0);
+    for (const std::string& grant :
+         {"GRANT USAGE ON SCHEMA " + in + " TO " + grantee,
+          "GRANT SELECT, INSERT, UPDATE, DELETE ON ALL TABLES IN SCHEMA " + in + " TO " + grantee,
+          // USAGE draws the next id; UPDATE (setval) is left out on purpose.
+          "GRANT USAGE, SELECT ON ALL SEQUENCES IN SCHEMA " + in + " TO " + grantee}) {
+        (void)server_->write(grant, {}, grant);
+    }
+}
+
+void NewPracticeDatabase::publish() {
+    if (server_ != nullptr) {
+        try {
+            server_->commitHeldTransaction();
+        } catch (...) {
+            discard();
+            throw;
+        }
+        published_ = true;
+        return;
+    }
+    // Closing the last connection folds the write-ahead log into the file,
+    // so that the one file holds the whole database.
+    closeConnections(fill_);
+    std::error_code error;
+    if (std::filesystem::exists(fill_ + "-wal", error)) {
+        discard();
+        throw DataError("The new database is still in use and cannot be put in place", location_);
+    }
+    // link() never replaces an existing file: a database that appeared
+    // meanwhile stays as it is.
+    if (::link(fill_.c_str(), file_.c_str()) != 0) {
+        const int failure = errno;
+        discard();
+        if (failure == EEXIST) {
+            throw DataError("A database already exists at this location; it is left untouched", location_);
+        }
+        throw DataError(std::string("Cannot put the new database in place: ") + std::strerror(failure), location_);
+    }
+    published_ = true;
+    removeFileAndCompanions(fill_);
+}
+
+void NewPracticeDatabase::discard() noexcept {
+    if (server_ != nullptr) {
+        server_->rollbackHeldTransaction();
+        return;
+    }
+    if (!fill_.empty()) {
+        closeConnections(fill_);
+        removeFileAndCompanions(fill_);
+    }
+    std::error_code ignored;
+    for (auto folder = folders_.rbegin(); folder != folders_.rend(); ++folder) {
+        std::filesystem::remove(*folder, ignored); // only when empty
+    }
+    folders_.clear();
+}
+
+} // namespace avlor
