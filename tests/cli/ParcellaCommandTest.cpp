@@ -14,12 +14,12 @@
 
 #include <nlohmann/json.hpp>
 
-#include "CommandRunner.h"
+#include "CommandRun.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-using avlor::testing::Outcome;
+using Outcome = avlor::test::CommandOutcome;
 using nlohmann::json;
 
 class ParcellaCommandTest : public ::testing::Test {
@@ -40,12 +40,11 @@ protected:
     static Outcome avlor(const std::vector<std::string>& words, const fs::path& input = {})
     {
         // A neutral locale: amounts read "1,234.50" whatever the machine's.
-        return avlor::testing::runCommand(AVLOR_COMMAND, words,
-                                          {{"AVLOR_TARIFFE_DIR", AVLOR_TARIFFE},
-                                           {"AVLOR_DB", ""},
-                                           {"AVLOR_SETTINGS", settings},
-                                           {"LC_ALL", "C"}},
-                                          folder, input);
+        avlor::test::RunOptions options;
+        options.environment = "AVLOR_SETTINGS=" + avlor::test::shellQuoted(settings) + " LC_ALL=C";
+        if (!input.empty())
+            options.shellBefore = "exec <" + avlor::test::shellQuoted(input.string()) + ";";
+        return avlor::test::runAvlor(words, folder, options);
     }
 
     // Runs a script (its lines given here) on case file `pratica`, with the
