@@ -6,7 +6,7 @@
 
 #include "DemoFirm.h"
 #include "avlor/data/Database.h"
-#include "avlor/data/tariffe/OfficialTariffs.h"
+#include "avlor/tariffe/OfficialTariffs.h"
 
 namespace avlor::cli {
 

@@ -6,7 +6,7 @@
 #include "avlor/component/ClsParcella.h"
 #include "avlor/core/Error.h"
 #include "avlor/core/Messages.h"
-#include "avlor/data/tariffe/FeeTables.h"
+#include "avlor/core/FeeTables.h"
 
 namespace avlor::cli {
 

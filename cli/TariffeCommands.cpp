@@ -4,10 +4,10 @@
 #include <memory>
 #include <ostream>
 
-#include "avlor/data/tariffe/FeeTables.h"
-#include "avlor/data/tariffe/TariffExport.h"
-#include "avlor/data/tariffe/TariffImport.h"
-#include "avlor/data/tariffe/TariffListing.h"
+#include "avlor/core/FeeTables.h"
+#include "avlor/tariffe/TariffExport.h"
+#include "avlor/tariffe/TariffImport.h"
+#include "avlor/tariffe/TariffListing.h"
 
 namespace avlor::cli {
 

@@ -111,7 +111,7 @@ void frmOKParcella::CaricaAzione()
                 s_.sTabella = euroEdition(family, *day);
             }
         } else {
-            s_.sTabella = family.lire;
+            s_.sTabella = tableOf(family, Edition::Lire94);
         }
     }
 

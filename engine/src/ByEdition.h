@@ -1,7 +1,7 @@
 #pragma once
 // The one choice among the three editions, so that every table and every set
 // of rules kept per edition is picked the same way.
-#include "avlor/engine/FeeTables.h"
+#include "avlor/core/FeeTables.h"
 
 namespace avlor {
 

@@ -1,7 +1,7 @@
 #include "avlor/engine/CalcolaTariffaModulo.h"
 
 #include "Sections.h"
-#include "avlor/engine/FeeTables.h"
+#include "avlor/core/FeeTables.h"
 #include "avlor/engine/FinalMessage.h"
 
 namespace avlor {

@@ -1,7 +1,7 @@
 #include "FeeRow.h"
 
 #include "avlor/data/TipoCampo.h"
-#include "avlor/engine/FeeTables.h"
+#include "avlor/core/FeeTables.h"
 
 namespace avlor {
 

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "avlor/core/Currency.h"
-#include "avlor/engine/FeeTables.h"
+#include "avlor/core/FeeTables.h"
 
 namespace avlor {
 

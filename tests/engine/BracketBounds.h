@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "avlor/engine/FeeTables.h"
+#include "avlor/core/FeeTables.h"
 
 namespace avlor::test {
 

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "avlor/core/Error.h"
-#include "avlor/data/tariffe/AmountText.h"
+#include "avlor/tariffe/AmountText.h"
 
 namespace avlor {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "avlor/data/tariffe/Csv.h"
+#include "avlor/tariffe/Csv.h"
 
 namespace avlor {
 namespace {

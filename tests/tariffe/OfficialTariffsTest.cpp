@@ -14,10 +14,11 @@
 #include "TestDatabase.h"
 #include "avlor/data/TipoCampo.h"
 #include "avlor/data/clsAccessoDati.h"
-#include "avlor/data/tariffe/FeeTables.h"
-#include "avlor/data/tariffe/OfficialTariffs.h"
-#include "avlor/data/tariffe/TariffExport.h"
-#include "avlor/data/tariffe/TariffFileError.h"
+#include "avlor/core/FeeTables.h"
+#include "avlor/tariffe/FeeColumns.h"
+#include "avlor/tariffe/OfficialTariffs.h"
+#include "avlor/tariffe/TariffExport.h"
+#include "avlor/tariffe/TariffFileError.h"
 
 namespace avlor {
 namespace {

@@ -10,7 +10,7 @@
 #include "SourceFigures.h"
 #include "TestDatabase.h"
 #include "avlor/core/Messages.h"
-#include "avlor/data/tariffe/OfficialTariffs.h"
+#include "avlor/tariffe/OfficialTariffs.h"
 #include "avlor/engine/CalcolaTariffaModulo.h"
 
 namespace avlor {

@@ -18,7 +18,7 @@
 #include <vector>
 
 #include "avlor/core/Currency.h"
-#include "avlor/data/tariffe/Csv.h"
+#include "avlor/tariffe/Csv.h"
 
 namespace avlor::test {
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "avlor/data/tariffe/TariffFile.h"
-#include "avlor/data/tariffe/TariffFileError.h"
+#include "avlor/tariffe/TariffFile.h"
+#include "avlor/tariffe/TariffFileError.h"
 
 namespace avlor {
 namespace {

@@ -11,9 +11,9 @@
 
 #include "TestDatabase.h"
 #include "avlor/data/DataError.h"
-#include "avlor/data/tariffe/TariffExport.h"
-#include "avlor/data/tariffe/TariffFileError.h"
-#include "avlor/data/tariffe/TariffImport.h"
+#include "avlor/tariffe/TariffExport.h"
+#include "avlor/tariffe/TariffFileError.h"
+#include "avlor/tariffe/TariffImport.h"
 
 namespace avlor {
 namespace {

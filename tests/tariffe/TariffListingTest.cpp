@@ -4,9 +4,9 @@
 
 #include "SourceFigures.h"
 #include "TestDatabase.h"
-#include "avlor/data/tariffe/OfficialTariffs.h"
-#include "avlor/data/tariffe/TariffImport.h"
-#include "avlor/data/tariffe/TariffListing.h"
+#include "avlor/tariffe/OfficialTariffs.h"
+#include "avlor/tariffe/TariffImport.h"
+#include "avlor/tariffe/TariffListing.h"
 
 namespace avlor {
 namespace {

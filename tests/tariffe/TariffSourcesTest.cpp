@@ -1,8 +1,8 @@
 // Reading the sources file that goes with the shipped fee tables.
 #include <gtest/gtest.h>
 
-#include "avlor/data/tariffe/TariffFileError.h"
-#include "avlor/data/tariffe/TariffSources.h"
+#include "avlor/tariffe/TariffFileError.h"
+#include "avlor/tariffe/TariffSources.h"
 
 namespace avlor {
 namespace {

@@ -13,7 +13,7 @@
 #include <string>
 
 #include "avlor/core/Currency.h"
-#include "avlor/engine/FeeTables.h"
+#include "avlor/core/FeeTables.h"
 
 namespace avlor {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "avlor/engine/FeeTables.h"
+#include "avlor/core/FeeTables.h"
 
 namespace avlor {
 

@@ -16,7 +16,7 @@
 #include <span>
 
 #include "avlor/core/Currency.h"
-#include "avlor/engine/FeeTables.h"
+#include "avlor/core/FeeTables.h"
 
 namespace avlor {
 

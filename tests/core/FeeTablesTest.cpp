@@ -1,7 +1,11 @@
 // Recognising a table name and the statement that reads an item's row.
 #include <gtest/gtest.h>
 
-#include "avlor/engine/FeeTables.h"
+#include "avlor/core/FeeTables.h"
+
+#include <string>
+
+#include "avlor/core/Error.h"
 
 namespace avlor {
 namespace {
@@ -52,6 +56,30 @@ TEST(FeeTables, OtherNamesAreNotTables)
     for (const char* name : {"", "Diritti", "Diritti95", "Diritti94 Euro", "OnorariPenali", "Diritti94Euro.",
                              "\tDiritti94", "Diritti94\n", "Azioni"})
         EXPECT_FALSE(feeTableNamed(name).has_value()) << name;
+}
+
+TEST(FeeTables, TheCatalogueListsTheTwelveTablesInMatchingOrder)
+{
+    std::string names;
+    for (const FeeTable& table : feeTables())
+        names += std::string(table.name) + " ";
+    EXPECT_EQ(names, "Diritti94 Diritti94Euro Diritti2004Euro Onorari94 Onorari94Euro Onorari2004Euro "
+                     "OnorariPenali94 OnorariPenali94Euro OnorariPenali2004Euro OnorariStrag94 "
+                     "OnorariStrag94Euro OnorariStrag2004Euro ");
+}
+
+TEST(FeeTables, RequiringATableNamesTheTablesWhenTheNameIsNoTable)
+{
+    EXPECT_EQ(requireFeeTable(" onorari2004euro").name, "Onorari2004Euro");
+    try {
+        static_cast<void>(requireFeeTable("Onorari"));
+        FAIL() << "no error";
+    } catch (const Error& error) {
+        EXPECT_STREQ(error.what(),
+                     "\"Onorari\" is not a fee table (the fee tables are Diritti94, Diritti94Euro, Diritti2004Euro, "
+                     "Onorari94, Onorari94Euro, Onorari2004Euro, OnorariPenali94, OnorariPenali94Euro, "
+                     "OnorariPenali2004Euro, OnorariStrag94, OnorariStrag94Euro, OnorariStrag2004Euro)");
+    }
 }
 
 TEST(FeeTables, TheRowStatementAppendsTheIdAsDecimalText)

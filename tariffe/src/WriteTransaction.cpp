@@ -1,4 +1,4 @@
-#include "tariffe/WriteTransaction.h"
+#include "WriteTransaction.h"
 
 #include "avlor/data/Connection.h"
 

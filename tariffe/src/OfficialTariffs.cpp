@@ -1,4 +1,4 @@
-#include "avlor/data/tariffe/OfficialTariffs.h"
+#include "avlor/tariffe/OfficialTariffs.h"
 
 #include <cstdlib>
 #include <map>
@@ -7,13 +7,13 @@
 
 #include "avlor/core/Error.h"
 #include "avlor/data/Database.h"
-#include "avlor/data/tariffe/FeeTables.h"
-#include "avlor/data/tariffe/TariffFile.h"
-#include "avlor/data/tariffe/TariffFileError.h"
-#include "avlor/data/tariffe/TariffSources.h"
-#include "tariffe/FileText.h"
-#include "tariffe/TariffWriter.h"
-#include "tariffe/WriteTransaction.h"
+#include "avlor/core/FeeTables.h"
+#include "avlor/tariffe/TariffFile.h"
+#include "avlor/tariffe/TariffFileError.h"
+#include "avlor/tariffe/TariffSources.h"
+#include "FileText.h"
+#include "TariffWriter.h"
+#include "WriteTransaction.h"
 
 namespace avlor {
 

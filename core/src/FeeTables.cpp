@@ -1,6 +1,8 @@
-#include "avlor/engine/FeeTables.h"
+#include "avlor/core/FeeTables.h"
 
 #include <array>
+
+#include "avlor/core/Error.h"
 
 namespace avlor {
 
@@ -27,6 +29,8 @@ char upper(char c) { return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' +
 
 } // namespace
 
+std::span<const FeeTable> feeTables() noexcept { return Tables; }
+
 std::string normalizedTableName(std::string_view sTabella)
 {
     // Only blanks are trimmed: a tab or a line feed is part of the name.
@@ -48,6 +52,16 @@ std::optional<FeeTable> feeTableNamed(std::string_view sTabella)
             return table;
     }
     return std::nullopt;
+}
+
+FeeTable requireFeeTable(std::string_view sTabella)
+{
+    if (const auto table = feeTableNamed(sTabella))
+        return *table;
+    std::string names;
+    for (const FeeTable& table : Tables)
+        names += (names.empty() ? "" : ", ") + std::string(table.name);
+    throw Error("\"" + std::string(sTabella) + "\" is not a fee table (the fee tables are " + names + ")");
 }
 
 std::string sqlFeeRow(std::string_view table, std::int32_t id)

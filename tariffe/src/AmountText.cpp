@@ -1,11 +1,11 @@
-#include "avlor/data/tariffe/AmountText.h"
+#include "avlor/tariffe/AmountText.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <optional>
 
 #include "avlor/core/Error.h"
-#include "tariffe/TariffText.h"
+#include "TariffText.h"
 
 namespace avlor {
 

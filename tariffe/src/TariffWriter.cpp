@@ -1,9 +1,9 @@
-#include "tariffe/TariffWriter.h"
+#include "TariffWriter.h"
 
 #include "avlor/data/TipoCampo.h"
 #include "avlor/data/clsAccessoDati.h"
 #include "avlor/data/clsUtilitaDati.h"
-#include "avlor/data/tariffe/FeeTables.h"
+#include "avlor/tariffe/FeeColumns.h"
 
 namespace avlor::tariffe_detail {
 

@@ -1,4 +1,4 @@
-#include "avlor/data/tariffe/TariffFile.h"
+#include "avlor/tariffe/TariffFile.h"
 
 #include <limits>
 #include <map>
@@ -6,12 +6,12 @@
 #include <utility>
 
 #include "avlor/core/Error.h"
-#include "avlor/data/tariffe/AmountText.h"
-#include "avlor/data/tariffe/Csv.h"
-#include "avlor/data/tariffe/FeeTables.h"
-#include "avlor/data/tariffe/TariffFileError.h"
-#include "tariffe/RecordSource.h"
-#include "tariffe/TariffText.h"
+#include "avlor/tariffe/AmountText.h"
+#include "avlor/tariffe/Csv.h"
+#include "avlor/tariffe/FeeColumns.h"
+#include "avlor/tariffe/TariffFileError.h"
+#include "RecordSource.h"
+#include "TariffText.h"
 
 namespace avlor {
 

@@ -1,12 +1,12 @@
-#include "avlor/data/tariffe/TariffImport.h"
+#include "avlor/tariffe/TariffImport.h"
 
 #include "avlor/data/Database.h"
-#include "avlor/data/tariffe/FeeTables.h"
-#include "avlor/data/tariffe/TariffFile.h"
-#include "avlor/data/tariffe/TariffFileError.h"
-#include "tariffe/FileText.h"
-#include "tariffe/TariffWriter.h"
-#include "tariffe/WriteTransaction.h"
+#include "avlor/core/FeeTables.h"
+#include "avlor/tariffe/TariffFile.h"
+#include "avlor/tariffe/TariffFileError.h"
+#include "FileText.h"
+#include "TariffWriter.h"
+#include "WriteTransaction.h"
 
 namespace avlor {
 

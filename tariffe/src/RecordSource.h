@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "avlor/data/tariffe/Csv.h"
+#include "avlor/tariffe/Csv.h"
 
 namespace avlor::tariffe_detail {
 

@@ -1,12 +1,13 @@
-#include "avlor/data/tariffe/TariffExport.h"
+#include "avlor/tariffe/TariffExport.h"
 
 #include <vector>
 
 #include "avlor/core/Locale.h"
 #include "avlor/data/TipoCampo.h"
 #include "avlor/data/clsAccessoDati.h"
-#include "avlor/data/tariffe/Csv.h"
-#include "avlor/data/tariffe/FeeTables.h"
+#include "avlor/tariffe/Csv.h"
+#include "avlor/core/FeeTables.h"
+#include "avlor/tariffe/FeeColumns.h"
 
 namespace avlor {
 

@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-#include "avlor/data/tariffe/TariffImport.h"
+#include "avlor/tariffe/TariffImport.h"
 
 namespace avlor {
 

@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "avlor/data/tariffe/TariffFile.h"
-#include "avlor/data/tariffe/TariffImport.h"
+#include "avlor/tariffe/TariffFile.h"
+#include "avlor/tariffe/TariffImport.h"
 
 namespace avlor {
 class Connection;

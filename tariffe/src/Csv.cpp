@@ -1,4 +1,4 @@
-#include "avlor/data/tariffe/Csv.h"
+#include "avlor/tariffe/Csv.h"
 
 namespace avlor {
 

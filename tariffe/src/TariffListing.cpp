@@ -1,9 +1,10 @@
-#include "avlor/data/tariffe/TariffListing.h"
+#include "avlor/tariffe/TariffListing.h"
 
 #include "avlor/core/Locale.h"
 #include "avlor/data/TipoCampo.h"
 #include "avlor/data/clsAccessoDati.h"
-#include "avlor/data/tariffe/FeeTables.h"
+#include "avlor/core/FeeTables.h"
+#include "avlor/tariffe/FeeColumns.h"
 
 namespace avlor {
 

@@ -1,10 +1,10 @@
-#include "tariffe/RecordSource.h"
+#include "RecordSource.h"
 
 #include <cstdint>
 #include <limits>
 
-#include "avlor/data/tariffe/TariffFileError.h"
-#include "tariffe/TariffText.h"
+#include "avlor/tariffe/TariffFileError.h"
+#include "TariffText.h"
 
 namespace avlor::tariffe_detail {
 

@@ -1,4 +1,4 @@
-#include "tariffe/FileText.h"
+#include "FileText.h"
 
 #include <cerrno>
 #include <cstring>

@@ -1,14 +1,15 @@
-#include "avlor/data/tariffe/TariffSources.h"
+#include "avlor/tariffe/TariffSources.h"
 
 #include <algorithm>
 #include <limits>
 #include <set>
 #include <utility>
 
-#include "avlor/data/tariffe/FeeTables.h"
-#include "avlor/data/tariffe/TariffFileError.h"
-#include "tariffe/RecordSource.h"
-#include "tariffe/TariffText.h"
+#include "avlor/core/FeeTables.h"
+#include "avlor/tariffe/FeeColumns.h"
+#include "avlor/tariffe/TariffFileError.h"
+#include "RecordSource.h"
+#include "TariffText.h"
 
 namespace avlor {
 
@@ -57,7 +58,7 @@ std::vector<TariffSource> readTariffSources(std::string_view text)
             const CsvField& field = record->fields[i];
             const std::string& column = columns[i];
             if (column == "Tabella") {
-                const auto table = findFeeTable(field.text);
+                const auto table = feeTableNamed(field.text);
                 if (!table)
                     throw TariffFileError(line, column, "\"" + field.text + "\" is not a fee table");
                 source.table = std::string(table->name);
