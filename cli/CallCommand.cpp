@@ -15,8 +15,15 @@ void addCallCommand(CLI::App& app, Context& context)
         "call", "Create a public class by its programmatic name and call one of its operations by name.\n"
                 "Arguments: a whole number, a decimal number with a point, null, or any other word as text;\n"
                 "--text WORD keeps WORD as text. Example: avlor call AvlorLogic.clsUtenti GetSqlFiltroPratiche 5");
+    // The words after the operation are handed over as they are, so parsing
+    // stops at the programmatic name; --db and --json, taken before it here
+    // as before "call", are the command's own options.
     call->prefix_command();
     call->fallthrough(false);
+    call->add_option("--db", context.database,
+                     "Practice database: a path, a file: URI or a postgresql:// URI "
+                     "(default: $AVLOR_DB, else ~/.local/share/avlor/avlor.db)");
+    call->add_flag("--json", context.json, "Print results as JSON (the result of a call always is)");
     call->callback([&context, call] {
         const std::vector<std::string> words = call->remaining();
         if (words.size() < 2)

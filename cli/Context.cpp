@@ -10,20 +10,6 @@
 
 namespace avlor::cli {
 
-// The file behind a SQLite location: a plain path, or the path part of a
-// "file:" URI.
-std::string sqliteFile(const std::string& location)
-{
-    if (location.rfind("file:", 0) != 0)
-        return location;
-    std::string path = location.substr(5);
-    if (path.rfind("//", 0) == 0)
-        path = path.substr(2);
-    if (auto q = path.find('?'); q != std::string::npos)
-        path.resize(q);
-    return path;
-}
-
 std::string Context::location() const
 {
     if (!database.empty())
@@ -37,15 +23,14 @@ void Context::selectDatabase() const { setCurrentDatabase(location()); }
 void Context::openPracticeDatabase() const
 {
     const std::string where = location();
-    if (!isServerLocation(where)) {
-        const std::string file = sqliteFile(where);
-        if (file != ":memory:" && !std::filesystem::exists(file))
+    if (const auto file = databaseFile(where)) {
+        if (!std::filesystem::exists(*file))
             throw CommandError("no practice database at " + where + " (create one with: avlor db init " + where +
                                ")");
         // An empty file would be turned into an empty database by opening it;
         // it is refused untouched instead.
         std::error_code sizeError;
-        if (file != ":memory:" && std::filesystem::file_size(file, sizeError) == 0 && !sizeError)
+        if (std::filesystem::file_size(*file, sizeError) == 0 && !sizeError)
             throw CommandError(where + " is not a practice database (the file is empty)");
     }
     setCurrentDatabase(where);

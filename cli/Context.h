@@ -17,9 +17,6 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-// The file behind a SQLite location: a plain path, or the path of a file: URI.
-[[nodiscard]] std::string sqliteFile(const std::string& location);
-
 struct Context {
     std::string database; // as given with --db; empty for the default
     bool json = false;

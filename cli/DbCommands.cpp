@@ -19,12 +19,7 @@ namespace {
 void discardNewDatabase(const std::string& where)
 {
     closeConnections();
-    if (isServerLocation(where))
-        return;
-    const std::string file = sqliteFile(where);
-    std::error_code ignored;
-    for (const char* suffix : {"", "-wal", "-shm", "-journal"})
-        std::filesystem::remove(file + suffix, ignored);
+    removeDatabaseFiles(where);
 }
 
 struct InitOptions {
@@ -49,12 +44,12 @@ void addDbCommands(CLI::App& app, Context& context)
                    "Add a small sample firm: users with hourly rates, groups, case files, actions, a fee template");
     init->callback([&context, options] {
         const std::string where = options->location.empty() ? context.location() : options->location;
-        const std::filesystem::path folder = officialTariffsFolder();
+        const OfficialTariffFiles figures = officialTariffFiles();
         createPracticeDatabase(where);
         OfficialTariffsResult loaded;
         try {
             setCurrentDatabase(where);
-            loaded = loadOfficialTariffs(folder);
+            loaded = loadOfficialTariffs(figures);
             if (options->demo)
                 createDemoFirm();
         } catch (...) {

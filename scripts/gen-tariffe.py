@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Writes the fee-table files shipped in sql/tariffe/ from the transcribed
-official figures in sql/tariffe/fonti/ (copies of the firm's shared sources).
+official figures in sql/tariffe/fonti/ (each file names its printed source).
 
 The files it writes are what `avlor db init` loads through the same checked
 import as `avlor tariffe importa`; the program never runs this script. It

@@ -10,7 +10,7 @@
 #include "avlor/core/Settings.h"
 #include "avlor/data/clsAccessoDati.h"
 #include "avlor/data/clsUtilitaDati.h"
-#include "avlor/data/queries/ErrorTrap.h"
+#include "avlor/core/ErrorTrap.h"
 
 namespace avlor {
 
@@ -134,8 +134,8 @@ std::string allUsers() {
     return closeList(list);
 }
 
-std::string visibleUsers(const Value& idUtente) {
-    switch (readLevel(idUtente)) {
+std::string visibleUsers(const Value& idUtente, std::int32_t level) {
+    switch (level) {
     case fbUtente:
         return "(0," + idUtente.toText() + ")";
     case fbGruppo:
@@ -189,7 +189,11 @@ std::string clsUtenti::GetSqlRiservatezza(const Value& alIdUtente) const {
     std::string ownIdAlone = "(";
     ownIdAlone += alIdUtente.toText();
     ownIdAlone += ")";
-    return withFallback(ownIdAlone, [&] { return visibleUsers(alIdUtente); });
+    // The level comes through the public operation, which answers fbUtente
+    // for a user whose level cannot be read (an unknown user, a null level):
+    // such a user gets the public records and his own like any level-1 user.
+    const std::int32_t level = GetLivelloRiservatezza(alIdUtente);
+    return withFallback(ownIdAlone, [&] { return visibleUsers(alIdUtente, level); });
 }
 
 std::int32_t clsUtenti::GetLivelloRiservatezza(const Value& alIdUtente) const {
@@ -235,7 +239,12 @@ bool clsUtenti::UtenteInGruppo(const Value& avIdUtente, const Value& avGruppo) c
 
 Value clsUtenti::GetIdOfCurrentUser() const {
     return withFallback(Value(std::int32_t{1}), [] {
-        return wholeWhenPossible(numberLenient(SettingsStore::read(AppAvlor, SezioneShared, ChiaveIdUtente, "1")));
+        const double number = numberLenient(SettingsStore::read(AppAvlor, SezioneShared, ChiaveIdUtente, "1"));
+        // A number that overflowed every numeric type (Id_Utente=1e400) names
+        // no user: it takes the fallback like any other failure.
+        if (!std::isfinite(number))
+            throw ValueError(ValueError::Kind::Overflow, "Overflow: Id_Utente holds no number that fits");
+        return wholeWhenPossible(number);
     });
 }
 

@@ -1,25 +1,10 @@
 #include "avlor/component/ClsParcella.h"
 
 #include "avlor/core/Error.h"
+#include "avlor/core/ErrorTrap.h"
 #include "avlor/engine/CalcolaTariffaModulo.h"
 
 namespace avlor {
-
-namespace {
-
-// The host is never handed an error by this class's pricing: whatever fails
-// inside, the operation answers with its fallback.
-template <class Result, class Operation>
-Result trappingEveryError(Result fallback, Operation operation) noexcept
-{
-    try {
-        return operation();
-    } catch (...) {
-        return fallback;
-    }
-}
-
-} // namespace
 
 void ClsParcella::ShowDialogParcellazione(std::int32_t IdPratica, const std::string& aszParti,
                                           const std::string& aszAdempimento, Date aData)
@@ -36,7 +21,9 @@ Currency ClsParcella::CalcolaTariffa(Currency& cValore, std::int16_t& vRil, std:
                                      std::int16_t& bInd, std::int32_t& idTariffa, Currency& MinTar, Currency& MaxTar,
                                      Currency& MinS, Currency& MaxS, std::string& Autorita)
 {
-    return trappingEveryError(Currency{}, [&] {
+    // The host is never handed an error by the pricing: whatever fails inside,
+    // the operation answers 0.
+    return withFallback(Currency{}, [&] {
         return CalcolaTariffaModulo(cValore, vRil, sTabella, bInd, idTariffa, MinTar, MaxTar, MinS, MaxS, Autorita);
     });
 }

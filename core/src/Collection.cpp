@@ -1,15 +1,14 @@
 #include "avlor/core/Collection.h"
 
-#include <stdexcept>
-
 #include "NumberText.h"
+#include "avlor/core/Error.h"
 
 namespace avlor {
 
 void Collection::Add(Value item, std::optional<std::string> key)
 {
     if (key && ContainsKey(*key))
-        throw std::invalid_argument("Collection: key \"" + *key + "\" is already present");
+        throw UsageError("Collection: key \"" + *key + "\" is already present");
     items_.push_back(std::move(item));
     keys_.push_back(std::move(key));
 }
@@ -17,7 +16,7 @@ void Collection::Add(Value item, std::optional<std::string> key)
 const Value& Collection::Item(std::size_t index) const
 {
     if (index < 1 || index > items_.size())
-        throw std::out_of_range("Collection: index " + std::to_string(index) + " is outside 1.." +
+        throw UsageError("Collection: index " + std::to_string(index) + " is outside 1.." +
                                 std::to_string(items_.size()));
     return items_[index - 1];
 }

@@ -90,7 +90,7 @@ Currency Currency::fromText(std::string_view text)
 {
     // Read exactly on the decimal digits, not through a double, so that
     // "0.00005" is a true half and rounds to even.
-    const std::string_view trimmed = detail::trimBlanks(text);
+    const std::string_view trimmed = trimBlanks(text);
     const auto number = detail::scanNumber(trimmed);
     if (!number || number->length != trimmed.size())
         throw ValueError(ValueError::Kind::TypeMismatch, "Type mismatch: \"" + std::string(text) + "\" is not an amount");
@@ -197,16 +197,17 @@ Currency Currency::times(std::int64_t factor) const
 // Products and quotients are taken on the count of ten-thousandths itself, so
 // that the only roundings are the double arithmetic and the final return to a
 // whole count (halves to even).
-Currency Currency::timesDouble(double factor) const
-{
-    return fromRoundedScaled(roundHalfEven(static_cast<double>(raw_) * factor), "product out of range");
-}
+// Products by non-whole numbers and quotients take one route: the amount as
+// a double, the operation on the double, and back to ten-thousandths with
+// halves to even (fromDouble). The engine's percentages and the dialog's
+// hourly rates go the same way, so the same amount never comes out two ways.
+Currency Currency::timesDouble(double factor) const { return fromDouble(toDouble() * factor); }
 
 Currency Currency::dividedBy(double divisor) const
 {
     if (divisor == 0.0)
         throw ValueError(ValueError::Kind::DivisionByZero, "Division by zero: " + toText() + " / 0");
-    return fromRoundedScaled(roundHalfEven(static_cast<double>(raw_) / divisor), "quotient out of range");
+    return fromDouble(toDouble() / divisor);
 }
 
 } // namespace avlor

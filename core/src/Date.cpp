@@ -62,7 +62,7 @@ bool isValidYmd(int year, int month, int day) noexcept
     return year >= 1 && year <= 9999 && month >= 1 && month <= 12 && day >= 1 && day <= daysInMonth(year, month);
 }
 
-Date dateOf(int year, int month, int day) noexcept
+Date dateOf(int year, int month, int day)
 {
     return Date::fromDayCount(static_cast<std::int32_t>(daysFromCivil(year, month, day) - DaysFromCivilOfDayZero));
 }
@@ -118,6 +118,16 @@ std::string fourDigits(int n)
 
 bool isLeapYear(int year) noexcept { return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0; }
 
+Date Date::fromDayCount(std::int32_t days)
+{
+    // Outside years 1 to 9999 a date would have no four-digit year to be
+    // shown or stored with.
+    if (days < FirstDayCount || days > LastDayCount)
+        throw ValueError(ValueError::Kind::Overflow, "Overflow: day " + std::to_string(days) +
+                                                         " is outside the dates 01/01/0001 to 31/12/9999");
+    return Date(days);
+}
+
 Date Date::fromYmd(int year, int month, int day)
 {
     if (!isValidYmd(year, month, day))
@@ -128,7 +138,7 @@ Date Date::fromYmd(int year, int month, int day)
 
 std::optional<Date> Date::parseDayFirst(std::string_view text)
 {
-    text = detail::trimBlanks(text);
+    text = trimBlanks(text);
     std::size_t pos = 0;
     const auto day = readField(text, pos, 1, 2);
     if (!day || !expect(text, pos, '/'))
@@ -151,7 +161,7 @@ Date Date::fromDayFirst(std::string_view text)
 
 std::optional<Date> Date::parseIso(std::string_view text)
 {
-    text = detail::trimBlanks(text);
+    text = trimBlanks(text);
     std::size_t pos = 0;
     const auto year = readField(text, pos, 4, 4);
     if (!year || !expect(text, pos, '-'))

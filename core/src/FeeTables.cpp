@@ -3,6 +3,7 @@
 #include <array>
 
 #include "avlor/core/Error.h"
+#include "avlor/core/Text.h"
 
 namespace avlor {
 
@@ -33,12 +34,8 @@ std::span<const FeeTable> feeTables() noexcept { return Tables; }
 
 std::string normalizedTableName(std::string_view sTabella)
 {
-    // Only blanks are trimmed: a tab or a line feed is part of the name.
-    const auto first = sTabella.find_first_not_of(' ');
-    if (first == std::string_view::npos)
-        return {};
-    const auto last = sTabella.find_last_not_of(' ');
-    std::string name(sTabella.substr(first, last - first + 1));
+    // Only spaces are trimmed: a tab or a line feed is part of the name.
+    std::string name(trimBlanks(sTabella, " "));
     for (char& c : name)
         c = upper(c);
     return name;

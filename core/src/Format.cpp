@@ -1,10 +1,10 @@
 #include "avlor/core/Format.h"
 
 #include <cstdint>
-#include <stdexcept>
 #include <string>
 
 #include "NumberText.h"
+#include "avlor/core/Error.h"
 
 namespace avlor {
 
@@ -17,7 +17,7 @@ int decimalsOf(std::string_view pattern)
         return 2;
     if (pattern == FormatoLire || pattern == FormatoGrigliaLire)
         return 0;
-    throw std::invalid_argument("Unknown amount pattern \"" + std::string(pattern) + "\"");
+    throw UsageError("Unknown amount pattern \"" + std::string(pattern) + "\"");
 }
 
 // Digits of `units` in groups of three from the right; no digit at all for 0,

@@ -11,6 +11,8 @@
 #include <string_view>
 #include <system_error>
 
+#include "avlor/core/Text.h"
+
 namespace avlor::detail {
 
 // The parts of a number written as text: [sign] digits [. digits] [e [sign] digits].
@@ -30,16 +32,6 @@ inline constexpr int ExponentLimit = 100000;
 inline bool isDigit(char c) noexcept { return c >= '0' && c <= '9'; }
 
 inline bool isBlank(char c) noexcept { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
-
-// `text` without leading and trailing blanks (spaces, tabs, line ends).
-inline std::string_view trimBlanks(std::string_view text) noexcept
-{
-    while (!text.empty() && isBlank(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back()))
-        text.remove_suffix(1);
-    return text;
-}
 
 inline std::size_t countDigits(std::string_view text, std::size_t from) noexcept
 {

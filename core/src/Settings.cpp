@@ -6,12 +6,13 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <stdexcept>
+#include <iostream>
 #include <string_view>
 #include <system_error>
 #include <vector>
 
 #include "NumberText.h"
+#include "avlor/core/Error.h"
 
 namespace avlor {
 
@@ -47,31 +48,31 @@ std::vector<std::string> readLines(const std::filesystem::path& path)
 // The name of a "[section]" line, if the line is one.
 std::optional<std::string_view> sectionName(std::string_view line)
 {
-    line = detail::trimBlanks(line);
+    line = trimBlanks(line);
     if (line.size() < 2 || line.front() != '[')
         return std::nullopt;
     const std::size_t close = line.find(']');
     if (close == std::string_view::npos)
         return std::nullopt;
-    return detail::trimBlanks(line.substr(1, close - 1));
+    return trimBlanks(line.substr(1, close - 1));
 }
 
 // The key of a "key=value" (or "key: value") line, if the line is one.
 std::optional<std::string_view> keyName(std::string_view line)
 {
-    line = detail::trimBlanks(line);
+    line = trimBlanks(line);
     if (line.empty() || line.front() == ';' || line.front() == '#')
         return std::nullopt;
     const std::size_t separator = line.find_first_of("=:");
     if (separator == std::string_view::npos)
         return std::nullopt;
-    return detail::trimBlanks(line.substr(0, separator));
+    return trimBlanks(line.substr(0, separator));
 }
 
 void requireSingleLine(const std::string& text, const char* what, std::string_view forbidden)
 {
     if (text.find_first_of("\r\n") != std::string::npos || text.find_first_of(forbidden) != std::string::npos)
-        throw std::invalid_argument(std::string("Settings: ") + what + " \"" + text + "\" cannot be stored");
+        throw UsageError(std::string("Settings: ") + what + " \"" + text + "\" cannot be stored");
 }
 
 // Sets `key` of `section` in the lines of an INI file, leaving every other
@@ -98,14 +99,14 @@ void setEntry(std::vector<std::string>& lines, const std::string& section, const
             lines[i] = entry;
             return;
         }
-        if (!detail::trimBlanks(lines[i]).empty())
+        if (!trimBlanks(lines[i]).empty())
             insertAt = i + 1;
     }
     if (sectionStart) {
         lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(insertAt), entry);
         return;
     }
-    if (!lines.empty() && !detail::trimBlanks(lines.back()).empty())
+    if (!lines.empty() && !trimBlanks(lines.back()).empty())
         lines.emplace_back();
     lines.push_back("[" + section + "]");
     lines.push_back(entry);
@@ -130,11 +131,16 @@ std::string SettingsStore::read(const std::string& application, const std::strin
     std::error_code ec;
     if (!std::filesystem::is_regular_file(path, ec))
         return defaultValue;
-    // A file that does not parse is treated as missing: the reader then works
-    // with the defaults rather than with half of a damaged file.
+    // A line that is neither a section, a key nor a comment is skipped and
+    // the rest of the file is still read: a stray line elsewhere must never
+    // change a value that the file does hold (who the current user is, say).
+    // The first such line is reported so that someone can mend the file.
     const INIReader reader(path.string());
-    if (reader.ParseError() != 0)
-        return defaultValue;
+    if (reader.ParseError() < 0)
+        return defaultValue; // the file could not be read at all
+    if (reader.ParseError() > 0)
+        std::cerr << "Settings: line " << reader.ParseError() << " of " << path.string()
+                  << " is not a section or a key=value line and is ignored\n";
     return reader.Get(section, key, defaultValue);
 }
 
@@ -144,8 +150,8 @@ void SettingsStore::write(const std::string& application, const std::string& sec
     requireSingleLine(section, "section", "[]");
     requireSingleLine(key, "key", "=:[;#");
     requireSingleLine(value, "value", "");
-    if (detail::trimBlanks(section).empty() || detail::trimBlanks(key).empty())
-        throw std::invalid_argument("Settings: section and key cannot be empty");
+    if (trimBlanks(section).empty() || trimBlanks(key).empty())
+        throw UsageError("Settings: section and key cannot be empty");
 
     const std::filesystem::path path = pathFor(application);
     std::vector<std::string> lines;
@@ -166,7 +172,7 @@ void SettingsStore::write(const std::string& application, const std::string& sec
             out << line << '\n';
         out.flush();
         if (!out)
-            throw std::runtime_error("Settings: cannot write " + temporary.string());
+            throw SettingsError("Settings: cannot write " + temporary.string());
     }
     std::filesystem::rename(temporary, path);
 }

@@ -247,7 +247,7 @@ bool Value::toBool() const
                           [](Currency c) { return c.raw() != 0; },
                           [](Date d) { return d.dayCount() != 0; },
                           [](const std::string& s) {
-                              const std::string_view word = detail::trimBlanks(s);
+                              const std::string_view word = trimBlanks(s);
                               if (detail::equalsIgnoreCase(word, "True"))
                                   return true;
                               if (detail::equalsIgnoreCase(word, "False"))
@@ -352,7 +352,7 @@ Value logicalNot(const Value& value)
     case ValueKind::Integer:
         return Value::integer(static_cast<std::int16_t>(~value.asInteger()));
     case ValueKind::Text: {
-        const std::string_view word = detail::trimBlanks(value.asText());
+        const std::string_view word = trimBlanks(value.asText());
         if (detail::equalsIgnoreCase(word, "True") || detail::equalsIgnoreCase(word, "False"))
             return Value::boolean(!value.toBool());
         break;

@@ -143,6 +143,24 @@ void createPracticeDatabase(const std::string& location) {
 
 bool isServerLocation(const std::string& location) { return isPgLocation(location); }
 
+std::optional<std::filesystem::path> databaseFile(const std::string& location) {
+    if (isPgLocation(location)) {
+        return std::nullopt;
+    }
+    const SqliteLocation where = sqliteLocation(location);
+    if (where.inMemory) {
+        return std::nullopt;
+    }
+    return where.file;
+}
+
+void removeDatabaseFiles(const std::string& location) {
+    closeConnections(location);
+    if (const auto file = databaseFile(location)) {
+        removeSqliteFiles(*file);
+    }
+}
+
 std::string shownLocation(const std::string& location) {
     return isPgLocation(location) ? shownPgLocation(location) : location;
 }

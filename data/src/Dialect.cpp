@@ -5,29 +5,19 @@
 #include <optional>
 
 #include "SqlLexer.h"
+#include "avlor/core/Text.h"
 #include "avlor/data/DataError.h"
 
 namespace avlor {
 
 namespace {
 
-// The next token at or after `i` that is not a blank or a comment.
-std::size_t nextMeaningful(const std::vector<SqlToken>& tokens, std::size_t i) {
-    while (i < tokens.size() && isFiller(tokens[i])) {
-        ++i;
-    }
-    return i;
-}
-
-bool isSymbol(const std::vector<SqlToken>& tokens, std::size_t i, char symbol) {
-    return i < tokens.size() && tokens[i].kind == SqlTokenKind::Symbol && tokens[i].text[0] == symbol;
-}
-
 bool isTerminatedString(const SqlToken& token) {
     return token.kind == SqlTokenKind::String && token.text.size() >= 2 && token.text.back() == '\'';
 }
 
-// The date form of the original server: CONVERT (SMALLDATETIME,'text', 105).
+// The date form the application's statements use: CONVERT (SMALLDATETIME,
+// 'text', 105).
 // Returns the index of its closing parenthesis and the date text.
 struct DateForm {
     std::size_t last;
@@ -83,21 +73,10 @@ bool isBareBoolean(const std::vector<SqlToken>& tokens, std::size_t i) {
     return !isSymbol(tokens, next, '.') && !isSymbol(tokens, next, '(');
 }
 
-// Style 105 is day-month-year; the original server takes '-', '.' or '/'
-// between the parts.
+// Style 105 is day-month-year, with '-', '.' or '/' between the parts.
 std::string dayFirstWithSlashes(std::string text) {
     std::replace_if(
         text.begin(), text.end(), [](char c) { return c == '-' || c == '.'; }, '/');
-    return text;
-}
-
-std::string_view trimBlanks(std::string_view text) {
-    while (!text.empty() && std::isspace(static_cast<unsigned char>(text.front())) != 0) {
-        text.remove_prefix(1);
-    }
-    while (!text.empty() && std::isspace(static_cast<unsigned char>(text.back())) != 0) {
-        text.remove_suffix(1);
-    }
     return text;
 }
 

@@ -107,6 +107,26 @@ bool isFiller(const SqlToken& token) noexcept {
     return token.kind == SqlTokenKind::Blank || token.kind == SqlTokenKind::Comment;
 }
 
+bool isAnyKeyword(const SqlToken& token, std::initializer_list<const char*> keywords) noexcept {
+    for (const char* keyword : keywords) {
+        if (isKeyword(token, keyword)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+std::size_t nextMeaningful(const std::vector<SqlToken>& tokens, std::size_t i) noexcept {
+    while (i < tokens.size() && isFiller(tokens[i])) {
+        ++i;
+    }
+    return i;
+}
+
+bool isSymbol(const std::vector<SqlToken>& tokens, std::size_t i, char symbol) noexcept {
+    return i < tokens.size() && tokens[i].kind == SqlTokenKind::Symbol && tokens[i].text[0] == symbol;
+}
+
 std::string unquoteString(std::string_view literal) {
     std::string text;
     if (literal.size() < 2) {

@@ -5,6 +5,8 @@
 // layer can find a statement's top-level shape. It never rejects input: an
 // unterminated literal runs to the end of the text, and the database then
 // reports the error.
+#include <cstddef>
+#include <initializer_list>
 #include <string_view>
 #include <vector>
 
@@ -32,6 +34,13 @@ struct SqlToken {
 [[nodiscard]] bool isKeyword(const SqlToken& token, std::string_view keyword) noexcept;
 // Blanks and comments: the tokens that do not change a statement's meaning.
 [[nodiscard]] bool isFiller(const SqlToken& token) noexcept;
+// True for a word equal to one of `keywords`, without regard to letter case.
+[[nodiscard]] bool isAnyKeyword(const SqlToken& token, std::initializer_list<const char*> keywords) noexcept;
+// The index of the first token at or after `i` that is not filler;
+// tokens.size() when there is none.
+[[nodiscard]] std::size_t nextMeaningful(const std::vector<SqlToken>& tokens, std::size_t i) noexcept;
+// True when token `i` exists and is the single-character symbol `symbol`.
+[[nodiscard]] bool isSymbol(const std::vector<SqlToken>& tokens, std::size_t i, char symbol) noexcept;
 // The content of a string literal token, quotes removed and '' made '.
 [[nodiscard]] std::string unquoteString(std::string_view literal);
 

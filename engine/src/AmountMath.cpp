@@ -39,6 +39,6 @@ Currency scaledProduct(Currency amount, std::int64_t numerator, std::int64_t den
 
 Currency currencyProduct(Currency a, Currency b) { return scaledProduct(a, b.raw(), Currency::Scale); }
 
-Currency hundredthOf(Currency amount) { return Currency::fromDouble(amount.toDouble() / 100.0); }
+Currency hundredthOf(Currency amount) { return amount.dividedBy(100.0); }
 
 } // namespace avlor

@@ -6,13 +6,13 @@
 
 #include "avlor/core/Error.h"
 #include "TariffText.h"
+#include "avlor/core/Text.h"
 
 namespace avlor {
 
 namespace {
 
 using tariffe_detail::allDigits;
-using tariffe_detail::trimBlanks;
 
 [[noreturn]] void refuse(std::string_view text, const std::string& why)
 {
@@ -59,7 +59,7 @@ Currency exactAmount(std::string_view original, const std::string& integerDigits
 
 AmountText readAmountText(std::string_view cell)
 {
-    const std::string_view text = trimBlanks(cell);
+    const std::string_view text = trimBlanks(cell, tariffe_detail::CellBlanks);
     if (text.empty())
         refuse(cell, "is not an amount");
     if (text.front() == '-')
@@ -139,7 +139,7 @@ Currency amountInStyle(const AmountText& cell, std::string_view text, DecimalSty
         return cell.amount;
     if (style == DecimalStyle::Point)
         return cell.pointReading;
-    const std::string trimmed(trimBlanks(text));
+    const std::string trimmed(trimBlanks(text, tariffe_detail::CellBlanks));
     refuse(trimmed, "is ambiguous: nothing else in the file shows whether its point groups thousands (" +
                         cell.amount.toText() + ") or marks decimals (" + cell.pointReading.toText() + "); write " +
                         cell.amount.toText() + " or " + trimmed + ",00 for the first, " + trimmed + "0 for the second");

@@ -12,6 +12,7 @@
 #include "avlor/tariffe/TariffFileError.h"
 #include "avlor/tariffe/TariffSources.h"
 #include "FileText.h"
+#include "ShippedTariffFiles.h"
 #include "TariffWriter.h"
 #include "WriteTransaction.h"
 
@@ -28,20 +29,20 @@ struct ShippedTable {
     TariffFile content;
 };
 
-std::vector<ShippedTable> readShippedTables(const fs::path& folder, const std::shared_ptr<Connection>& connection)
+std::vector<ShippedTable> readShippedTables(const OfficialTariffFiles& figures,
+                                            const std::shared_ptr<Connection>& connection)
 {
     std::vector<ShippedTable> tables;
     for (const FeeTable& table : feeTables()) {
         const std::string name(table.name);
-        const fs::path path = folder / (name + ".csv");
-        if (!fs::exists(path))
+        const auto file = figures.files.find(name + ".csv");
+        if (file == figures.files.end())
             continue;
         try {
-            tables.push_back({path.filename().string(),
-                              readTariffFile(name, tariffe_detail::readFileText(path),
-                                             tariffe_detail::tableColumns(connection, name))});
+            tables.push_back(
+                {file->first, readTariffFile(name, file->second, tariffe_detail::tableColumns(connection, name))});
         } catch (const TariffFileError& e) {
-            throw e.inFile(path.filename().string());
+            throw e.inFile(file->first);
         }
     }
     return tables;
@@ -92,15 +93,43 @@ std::string environment(const char* name)
 
 } // namespace
 
-OfficialTariffsResult loadOfficialTariffs(const fs::path& folder)
+OfficialTariffFiles readOfficialTariffFiles(const fs::path& folder)
 {
     if (!holdsShippedTables(folder))
         throw Error("The shipped fee tables are not in " + folder.string() + ": " + SourcesFileName + " is missing");
+    OfficialTariffFiles figures{folder.string(), {}};
+    figures.files.emplace(SourcesFileName, tariffe_detail::readFileText(folder / SourcesFileName));
+    for (const FeeTable& table : feeTables()) {
+        const std::string fileName = std::string(table.name) + ".csv";
+        if (fs::exists(folder / fileName))
+            figures.files.emplace(fileName, tariffe_detail::readFileText(folder / fileName));
+    }
+    return figures;
+}
+
+OfficialTariffFiles officialTariffFiles()
+{
+    if (const std::string chosen = environment("AVLOR_TARIFFE_DIR"); !chosen.empty()) {
+        if (!holdsShippedTables(chosen))
+            throw Error("AVLOR_TARIFFE_DIR names " + chosen + ", which holds no " + SourcesFileName);
+        return readOfficialTariffFiles(chosen);
+    }
+    OfficialTariffFiles figures{"the figures built into the program", {}};
+    for (const tariffe_detail::ShippedTariffFile& file : tariffe_detail::shippedTariffFiles())
+        figures.files.emplace(std::string(file.name), std::string(file.text));
+    return figures;
+}
+
+OfficialTariffsResult loadOfficialTariffs(const OfficialTariffFiles& figures)
+{
+    const auto sourcesFile = figures.files.find(SourcesFileName);
+    if (sourcesFile == figures.files.end())
+        throw Error("The shipped fee tables of " + figures.origin + " have no " + SourcesFileName);
     const auto connection = connectionFor(currentDatabase());
-    const std::vector<ShippedTable> tables = readShippedTables(folder, connection);
+    const std::vector<ShippedTable> tables = readShippedTables(figures, connection);
     std::vector<TariffSource> sources;
     try {
-        sources = readTariffSources(tariffe_detail::readFileText(folder / SourcesFileName));
+        sources = readTariffSources(sourcesFile->second);
     } catch (const TariffFileError& e) {
         throw e.inFile(SourcesFileName);
     }
@@ -117,31 +146,9 @@ OfficialTariffsResult loadOfficialTariffs(const fs::path& folder)
     return result;
 }
 
-fs::path officialTariffsFolder()
+OfficialTariffsResult loadOfficialTariffs(const fs::path& folder)
 {
-    if (const std::string chosen = environment("AVLOR_TARIFFE_DIR"); !chosen.empty()) {
-        if (!holdsShippedTables(chosen))
-            throw Error("AVLOR_TARIFFE_DIR names " + chosen + ", which holds no " + SourcesFileName);
-        return chosen;
-    }
-    std::error_code code;
-    const fs::path program = fs::read_symlink("/proc/self/exe", code);
-    if (!code) {
-        for (fs::path folder = program.parent_path(); !folder.empty(); folder = folder.parent_path()) {
-            for (const char* below : {"share/avlor/tariffe", "sql/tariffe"}) {
-                if (holdsShippedTables(folder / below))
-                    return folder / below;
-            }
-            if (folder == folder.root_path())
-                break;
-        }
-    }
-    if (const std::string source = environment("AVLOR_SOURCE_DIR"); !source.empty()) {
-        if (const fs::path folder = fs::path(source) / "sql" / "tariffe"; holdsShippedTables(folder))
-            return folder;
-    }
-    throw Error("The shipped fee tables were not found beside the program: set AVLOR_TARIFFE_DIR to the folder "
-                "that holds FonteTariffe.csv");
+    return loadOfficialTariffs(readOfficialTariffFiles(folder));
 }
 
 } // namespace avlor

@@ -5,6 +5,7 @@
 
 #include "avlor/tariffe/TariffFileError.h"
 #include "TariffText.h"
+#include "avlor/core/Text.h"
 
 namespace avlor::tariffe_detail {
 
@@ -31,7 +32,7 @@ std::vector<std::string> matchHeader(const CsvRecord& header, const std::vector<
 {
     std::vector<std::string> columns;
     for (std::size_t i = 0; i < header.fields.size(); ++i) {
-        const std::string_view name = trimBlanks(header.fields[i].text);
+        const std::string_view name = trimBlanks(header.fields[i].text, tariffe_detail::CellBlanks);
         if (name.empty())
             throw TariffFileError(header.line, "", "column " + std::to_string(i + 1) + " of the header has no name");
         std::optional<std::string> spelled;
@@ -62,7 +63,7 @@ std::string listOf(const std::vector<std::string>& names)
 
 std::optional<std::int32_t> readPositiveId(std::string_view text)
 {
-    const std::string_view digits = trimBlanks(text);
+    const std::string_view digits = trimBlanks(text, tariffe_detail::CellBlanks);
     if (!allDigits(digits) || digits.size() > 10)
         return std::nullopt;
     const long long id = std::stoll(std::string(digits));

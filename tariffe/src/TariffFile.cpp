@@ -12,6 +12,7 @@
 #include "avlor/tariffe/TariffFileError.h"
 #include "RecordSource.h"
 #include "TariffText.h"
+#include "avlor/core/Text.h"
 
 namespace avlor {
 
@@ -22,7 +23,6 @@ using tariffe_detail::listOf;
 using tariffe_detail::matchHeader;
 using tariffe_detail::readPositiveId;
 using tariffe_detail::RecordSource;
-using tariffe_detail::trimBlanks;
 
 struct Header {
     std::size_t line = 0;
@@ -156,7 +156,7 @@ private:
                                           std::to_string(earlier->second));
             return Value::longValue(row.id);
         case FeeColumnRole::Code:
-            if (trimBlanks(field.text).empty())
+            if (trimBlanks(field.text, tariffe_detail::CellBlanks).empty())
                 throw TariffFileError(row.line, column, "is empty: every item needs its code as the table prints it");
             return readText(field, row.line, column);
         case FeeColumnRole::Text:
@@ -177,7 +177,7 @@ private:
     Value readAmount(const CsvField& field, std::size_t line, std::size_t index)
     {
         const std::string& column = header_.columns[index];
-        const std::string trimmed(trimBlanks(field.text));
+        const std::string trimmed(trimBlanks(field.text, tariffe_detail::CellBlanks));
         if (trimmed.empty())
             return Value::currency(Currency());
         AmountText cell;

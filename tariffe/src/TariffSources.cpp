@@ -10,13 +10,13 @@
 #include "avlor/tariffe/TariffFileError.h"
 #include "RecordSource.h"
 #include "TariffText.h"
+#include "avlor/core/Text.h"
 
 namespace avlor {
 
 namespace {
 
 using tariffe_detail::isValidUtf8;
-using tariffe_detail::trimBlanks;
 
 const std::vector<std::string> SourceColumns{"Tabella", "Id", "Fonte", "Note"};
 
@@ -63,7 +63,7 @@ std::vector<TariffSource> readTariffSources(std::string_view text)
                     throw TariffFileError(line, column, "\"" + field.text + "\" is not a fee table");
                 source.table = std::string(table->name);
             } else if (column == "Id") {
-                if (trimBlanks(field.text).empty())
+                if (trimBlanks(field.text, tariffe_detail::CellBlanks).empty())
                     continue;
                 source.id = tariffe_detail::readPositiveId(field.text);
                 if (!source.id)
@@ -73,7 +73,7 @@ std::vector<TariffSource> readTariffSources(std::string_view text)
                                               ", or empty for the table's note)");
             } else if (column == "Fonte") {
                 source.fonte = textOf(field, line, column);
-                if (trimBlanks(source.fonte).empty())
+                if (trimBlanks(source.fonte, tariffe_detail::CellBlanks).empty())
                     throw TariffFileError(line, column, "is empty: every row names where its figures come from");
             } else if (!field.text.empty() || field.quoted) {
                 source.note = textOf(field, line, column);

@@ -7,14 +7,9 @@
 
 namespace avlor::tariffe_detail {
 
-// The text without leading and trailing blanks (spaces and tabs).
-[[nodiscard]] inline std::string_view trimBlanks(std::string_view text) noexcept
-{
-    const auto first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
+// The blanks around a cell of a fee-table file: spaces and tabs. A line end
+// inside a quoted cell is part of its text.
+inline constexpr std::string_view CellBlanks = " \t";
 
 // Equal when compared letter by letter without regard to ASCII case.
 [[nodiscard]] inline bool equalsIgnoringCase(std::string_view a, std::string_view b) noexcept

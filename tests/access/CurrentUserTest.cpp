@@ -132,5 +132,25 @@ TEST_F(CurrentUserTest, WholeNumberWrittenWithExponentIsLong) {
     expectLong(currentUser(), 150);
 }
 
+// A number too large for any number of the component to hold is no user:
+// the stated fallback, user 1.
+TEST_F(CurrentUserTest, NumberBeyondEveryNumberGivesUserOne) {
+    storeCurrentUser("1e400");
+    expectLong(currentUser(), 1);
+    storeCurrentUser("-1e400");
+    expectLong(currentUser(), 1);
+}
+
+// A malformed line elsewhere in the file does not hide the key.
+TEST_F(CurrentUserTest, MalformedLineElsewhereDoesNotChangeTheUser) {
+    writeSettings("[Other]\nfoo bar\n[Shared]\nId_Utente=5\n");
+    expectLong(currentUser(), 5);
+}
+
+TEST_F(CurrentUserTest, MalformedLineInTheSharedSectionDoesNotChangeTheUser) {
+    writeSettings("[Shared]\nnot a setting\nId_Utente=7\n");
+    expectLong(currentUser(), 7);
+}
+
 } // namespace
 } // namespace avlor::test

@@ -6,7 +6,7 @@
 
 #include "avlor/core/Error.h"
 #include "avlor/data/DataError.h"
-#include "avlor/data/queries/ErrorTrap.h"
+#include "avlor/core/ErrorTrap.h"
 
 namespace avlor::test {
 namespace {

@@ -208,28 +208,34 @@ TEST_F(VisibleUsersTest, UserTwoFollowsHisLevel) {
     EXPECT_EQ(utenti.GetSqlRiservatezza(id(2)), "(0,2)");
 }
 
-// ---- Failures give the user's own id alone
+// ---- A level that cannot be read is level 1 (fbUtente)
 
-TEST_F(VisibleUsersTest, UnknownUserGetsOwnIdAlone) {
+TEST_F(VisibleUsersTest, UnknownUserHasLevelOneAndSeesPublicAndOwn) {
     addUser(5, fbTutti);
-    EXPECT_EQ(utenti.GetSqlRiservatezza(id(42)), "(42)");
+    EXPECT_EQ(utenti.GetSqlRiservatezza(id(42)), "(0,42)");
 }
 
-TEST_F(VisibleUsersTest, NullLevelGivesOwnIdAlone) {
+TEST_F(VisibleUsersTest, NoUsersRowAtAllGivesLevelOne) {
+    EXPECT_EQ(utenti.GetSqlRiservatezza(id(99)), "(0,99)");
+}
+
+TEST_F(VisibleUsersTest, NullLevelIsLevelOne) {
     db.exec("INSERT INTO Utenti (ID_Utente, LivelloRiservatezza) VALUES (5, NULL)");
-    EXPECT_EQ(utenti.GetSqlRiservatezza(id(5)), "(5)");
+    EXPECT_EQ(utenti.GetSqlRiservatezza(id(5)), "(0,5)");
 }
 
-TEST(VisibleUsersWithoutDatabaseTest, BrokenDatabaseGivesOwnIdAlone) {
+TEST(VisibleUsersWithoutDatabaseTest, BrokenDatabaseGivesLevelOne) {
     const BrokenDatabase broken;
-    EXPECT_EQ(clsUtenti().GetSqlRiservatezza(Value(std::int32_t{5})), "(5)");
+    EXPECT_EQ(clsUtenti().GetSqlRiservatezza(Value(std::int32_t{5})), "(0,5)");
 }
 
-TEST_F(VisibleUsersTest, MissingUsersTableGivesOwnIdAlone) {
+TEST_F(VisibleUsersTest, MissingUsersTableGivesLevelOne) {
     addUser(5, fbTutti);
     db.dropTable("Utenti");
-    EXPECT_EQ(utenti.GetSqlRiservatezza(id(5)), "(5)");
+    EXPECT_EQ(utenti.GetSqlRiservatezza(id(5)), "(0,5)");
 }
+
+// ---- Failures after the level is known give the user's own id alone
 
 // The level is read, then the groups fail.
 TEST_F(VisibleUsersTest, FailureReadingGroupsGivesOwnIdAlone) {

@@ -183,6 +183,24 @@ TEST_F(CommandTest, LateBoundCallShowsResultArgumentsAndMessages)
     EXPECT_EQ(r.out, "{\"risultato\":\"(0,3,4)\",\"argomenti\":[\"3\"],\"messaggi\":[]}\n");
 }
 
+TEST_F(CommandTest, LateBoundCallTakesTheDatabaseAfterTheCommandName)
+{
+    const Outcome r = avlor({"call", "--db", database, "--json", "AvlorLogic.clsUtenti", "GetSqlRiservatezza", "3"});
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(r.out, "{\"risultato\":\"(0,3,4)\",\"argomenti\":[3],\"messaggi\":[]}\n");
+    const Outcome joined = avlor({"call", "--db=" + database, "AvlorLogic.clsDataBase", "VersioneMdb"});
+    EXPECT_EQ(joined.status, 0) << joined.err;
+    EXPECT_EQ(joined.out, "{\"risultato\":1,\"argomenti\":[],\"messaggi\":[]}\n");
+}
+
+TEST_F(CommandTest, LateBoundCallHelpListsItsOptions)
+{
+    const Outcome r = avlor({"call", "--help"});
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_NE(r.out.find("--db"), std::string::npos) << r.out;
+    EXPECT_NE(r.out.find("--json"), std::string::npos) << r.out;
+}
+
 TEST_F(CommandTest, TariffeListsTheItemsAUserPicksFrom)
 {
     const Outcome r = onDemo({"tariffe", "elenca", "--tabella", "OnorariStrag2004Euro"});
@@ -217,6 +235,40 @@ TEST_F(CommandTest, ErrorsAreOneLineWithAFailureStatus)
         EXPECT_EQ(r.err.rfind(c.message, 0), 0u) << r.err;
         EXPECT_EQ(std::count(r.err.begin(), r.err.end(), '\n'), 1) << r.err;
     }
+}
+
+// A build placed anywhere makes a database: the figures are inside the
+// program. Here the program is copied out of the source tree and run from
+// another folder, with nothing in the environment pointing back at the tree.
+TEST_F(CommandTest, AProgramOutsideTheSourceTreeMakesADatabaseWithTheFigures)
+{
+    const fs::path elsewhere = folder / "elsewhere";
+    fs::create_directories(elsewhere);
+    fs::copy_file(AVLOR_COMMAND, elsewhere / "avlor", fs::copy_options::overwrite_existing);
+    const std::string newDatabase = (elsewhere / "new.db").string();
+    const std::string command = "cd " + quoted(elsewhere.string()) +
+                                " && env -u AVLOR_TARIFFE_DIR -u AVLOR_SOURCE_DIR AVLOR_DB= ./avlor db init " +
+                                quoted(newDatabase) + " --demo 2>&1";
+    FILE* pipe = ::popen(command.c_str(), "r");
+    ASSERT_NE(pipe, nullptr);
+    std::string out;
+    std::array<char, 4096> buffer{};
+    for (std::size_t n = 0; (n = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
+        out.append(buffer.data(), n);
+    const int raw = ::pclose(pipe);
+    EXPECT_TRUE(WIFEXITED(raw) && WEXITSTATUS(raw) == 0) << out;
+    EXPECT_EQ(out, "Created the practice database " + newDatabase +
+                       " with 56 official fee items in 6 tables and the sample firm.\n");
+}
+
+// A file: URI names its file with percent escapes, as SQLite reads it.
+TEST_F(CommandTest, AFileUriWithEscapesNamesItsFile)
+{
+    const fs::path spaced = folder / "studio legale.db";
+    fs::copy_file(database, spaced, fs::copy_options::overwrite_existing);
+    const Outcome r = avlor({"--db", "file://" + (folder / "studio%20legale.db").string(), "db", "versione"});
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(r.out, "1\n");
 }
 
 TEST_F(CommandTest, AMissingDatabaseIsReportedAndNotCreated)

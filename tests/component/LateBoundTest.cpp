@@ -24,12 +24,15 @@ const Value& valueOf(const DispatchResult& r)
     return std::get<Value>(r);
 }
 
+// The message of the UsageError that a call raises.
 std::string errorOf(const std::function<void()>& f)
 {
     try {
         f();
-    } catch (const Error& e) {
+    } catch (const UsageError& e) {
         return e.what();
+    } catch (const Error& e) {
+        return std::string("(not a UsageError) ") + e.what();
     }
     return "(no error)";
 }

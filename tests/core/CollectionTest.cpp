@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "avlor/core/Collection.h"
+#include "avlor/core/Error.h"
 
 namespace avlor {
 namespace {
@@ -12,7 +13,7 @@ TEST(Collection, StartsEmpty)
 {
     const Collection c;
     EXPECT_EQ(c.Count(), 0U);
-    EXPECT_THROW((void)c.Item(1), std::out_of_range);
+    EXPECT_THROW((void)c.Item(1), UsageError);
     EXPECT_FALSE(c.ContainsKey("a"));
     EXPECT_EQ(c.begin(), c.end());
 }
@@ -27,8 +28,8 @@ TEST(Collection, ItemsAreOneBasedInOrderOfAddition)
     EXPECT_TRUE(c.Item(1).identicalTo(Value("Civile")));
     EXPECT_TRUE(c.Item(2).identicalTo(Value(std::int32_t{7})));
     EXPECT_TRUE(c.Item(3).isNull());
-    EXPECT_THROW((void)c.Item(0), std::out_of_range);
-    EXPECT_THROW((void)c.Item(4), std::out_of_range);
+    EXPECT_THROW((void)c.Item(0), UsageError);
+    EXPECT_THROW((void)c.Item(4), UsageError);
 
     std::vector<std::string> texts;
     for (const Value& v : c)
@@ -47,7 +48,7 @@ TEST(Collection, KeysAreUniqueWithoutRegardToCase)
     EXPECT_TRUE(c.ContainsKey("civile"));
     EXPECT_FALSE(c.ContainsKey("Civil"));
     EXPECT_FALSE(c.ContainsKey(""));
-    EXPECT_THROW(c.Add(Value("second"), "cIvIlE"), std::invalid_argument);
+    EXPECT_THROW(c.Add(Value("second"), "cIvIlE"), UsageError);
     EXPECT_EQ(c.Count(), 3U);
     c.Add(Value("other"), "Penale");
     EXPECT_EQ(c.Count(), 4U);

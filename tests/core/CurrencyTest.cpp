@@ -199,7 +199,8 @@ TEST(Currency, ExactProductsByWholeNumbers)
 
 TEST(Currency, ProductsByNonWholeNumbersRoundHalvesToEven)
 {
-    EXPECT_EQ(Currency::fromRaw(3).timesDouble(0.5).raw(), 2);  // 1.5 -> 2
+    // 0.0003 x 0.5 is the double just below 0.00015: 1, not 2.
+    EXPECT_EQ(Currency::fromRaw(3).timesDouble(0.5).raw(), 1);
     EXPECT_EQ(Currency::fromRaw(5).timesDouble(0.5).raw(), 2);  // 2.5 -> 2
     EXPECT_EQ(Currency::fromRaw(7).timesDouble(0.5).raw(), 4);  // 3.5 -> 4
     EXPECT_EQ(Currency::fromRaw(-5).timesDouble(0.5).raw(), -2);
@@ -211,7 +212,10 @@ TEST(Currency, ProductsByNonWholeNumbersRoundHalvesToEven)
 TEST(Currency, QuotientsRoundHalvesToEven)
 {
     EXPECT_EQ(Currency::fromRaw(50).dividedBy(100.0).raw(), 0);   // 0.5 -> 0
-    EXPECT_EQ(Currency::fromRaw(150).dividedBy(100.0).raw(), 2);  // 1.5 -> 2
+    // 0.015 / 100 is the double just below 0.00015: 1, not 2.
+    EXPECT_EQ(Currency::fromRaw(150).dividedBy(100.0).raw(), 1);
+    EXPECT_EQ(Currency::fromRaw(450).dividedBy(100.0).raw(), 4);  // 4.5 -> 4
+    EXPECT_EQ(Currency::fromRaw(650).dividedBy(100.0).raw(), 6);  // 6.5 -> 6
     EXPECT_EQ(Currency::fromRaw(250).dividedBy(100.0).raw(), 2);  // 2.5 -> 2
     EXPECT_EQ(Currency::fromRaw(-250).dividedBy(100.0).raw(), -2);
     EXPECT_EQ(Currency::fromRaw(251).dividedBy(100.0).raw(), 3);
@@ -219,6 +223,27 @@ TEST(Currency, QuotientsRoundHalvesToEven)
     EXPECT_EQ(Currency::fromWhole(20).dividedBy(3.0).raw(), 66667);
     EXPECT_EQ(Currency::fromWhole(1).dividedBy(-4.0).raw(), -2500);
     EXPECT_EQ(kindOf([] { (void)Currency::max().dividedBy(0.5); }), ValueError::Kind::Overflow);
+}
+
+// Quotients and non-whole products go to a double and back: the amount as a
+// double, the operation, then the nearest ten-thousandth with halves to even.
+// Rounding the raw count directly differs on amounts such as -1.9450 / 100,
+// whose double lies just beyond the half.
+TEST(Currency, QuotientsGoThroughADoubleAndBack)
+{
+    EXPECT_EQ(Currency::fromText("-1.945").dividedBy(100.0), Currency::fromText("-0.0195"));
+    EXPECT_EQ(Currency::fromText("1.945").dividedBy(100.0), Currency::fromText("0.0195"));
+    int differing = 0;
+    for (std::int64_t raw = -80002; raw < 80002; ++raw) {
+        const Currency amount = Currency::fromRaw(raw);
+        if (amount.dividedBy(100.0) != Currency::fromDouble(amount.toDouble() / 100.0))
+            ++differing;
+        if (amount.dividedBy(60.0) != Currency::fromDouble(amount.toDouble() / 60.0))
+            ++differing;
+        if (amount.timesDouble(0.35) != Currency::fromDouble(amount.toDouble() * 0.35))
+            ++differing;
+    }
+    EXPECT_EQ(differing, 0);
 }
 
 TEST(Currency, DivisionByZero)

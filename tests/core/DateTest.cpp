@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <ctime>
 
 #include "avlor/core/Date.h"
@@ -38,6 +39,20 @@ TEST(Date, DayCountsRoundTripThroughTheCalendar)
     for (std::int32_t days = -693593; days <= 2958465; days += 997) {
         const Date d = Date::fromDayCount(days);
         EXPECT_EQ(Date::fromYmd(d.year(), d.month(), d.day()).dayCount(), days);
+    }
+}
+
+TEST(Date, DayCountsOutsideYearsOneTo9999AreRefusedWithOverflow)
+{
+    EXPECT_EQ(Date::fromDayCount(-693593).toDayFirst(), "01/01/0001");
+    EXPECT_EQ(Date::fromDayCount(2958465).toDayFirst(), "31/12/9999");
+    for (const std::int32_t days : {-693594, -700000, 2958466, INT32_MIN, INT32_MAX}) {
+        try {
+            static_cast<void>(Date::fromDayCount(days));
+            ADD_FAILURE() << days << " made a date";
+        } catch (const ValueError& error) {
+            EXPECT_EQ(error.kind(), ValueError::Kind::Overflow) << days;
+        }
     }
 }
 

@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "avlor/core/Error.h"
 #include "avlor/core/Format.h"
 
 namespace avlor {
@@ -100,7 +101,7 @@ TEST(FormatAmount, AmountsLongerThanThePatternShowAllTheirDigits)
 TEST(FormatAmount, UnknownPatternsAreRefused)
 {
     for (const char* pattern : {"", "#,##0.00", "###,###,###,###.000", "###.00", "0.00"})
-        EXPECT_THROW((void)formatAmount(Currency(), pattern, Locale::neutral()), std::invalid_argument) << pattern;
+        EXPECT_THROW((void)formatAmount(Currency(), pattern, Locale::neutral()), UsageError) << pattern;
 }
 
 TEST(FormatShortDate, LocalePatterns)

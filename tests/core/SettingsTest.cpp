@@ -8,6 +8,7 @@
 #include <string>
 
 #include "EnvironmentGuard.h"
+#include "avlor/core/Error.h"
 #include "avlor/core/Settings.h"
 
 namespace avlor {
@@ -102,13 +103,28 @@ TEST_F(SettingsStoreTest, AnEmptyValueIsAValue)
     EXPECT_EQ(SettingsStore::read(AppAvlor, SezioneShared, ChiaveIdUtente, "-1"), "");
 }
 
-TEST_F(SettingsStoreTest, AFileThatDoesNotParseIsTreatedAsMissing)
+TEST_F(SettingsStoreTest, AMalformedLineIsSkippedAndReportedAndTheRestIsRead)
 {
     useFile(folder_ / "bad.ini");
     writeText(folder_ / "bad.ini", "[Shared]\nId_Utente=5\nthis line is not an entry\n");
-    EXPECT_EQ(SettingsStore::read(AppAvlor, SezioneShared, ChiaveIdUtente, "-1"), "-1");
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(SettingsStore::read(AppAvlor, SezioneShared, ChiaveIdUtente, "-1"), "5");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "Settings: line 3 of " + (folder_ / "bad.ini").string() +
+                  " is not a section or a key=value line and is ignored\n");
+    writeText(folder_ / "bad.ini", "[Other]\nfoo bar\n[Shared]\nId_Utente=5\n");
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(SettingsStore::read(AppAvlor, SezioneShared, ChiaveIdUtente, "-1"), "5");
+    static_cast<void>(testing::internal::GetCapturedStderr());
+}
+
+TEST_F(SettingsStoreTest, AKeyUnderABrokenSectionLineBelongsToNoSection)
+{
+    useFile(folder_ / "bad.ini");
     writeText(folder_ / "bad.ini", "[Shared\nId_Utente=5\n");
+    testing::internal::CaptureStderr();
     EXPECT_EQ(SettingsStore::read(AppAvlor, SezioneShared, ChiaveIdUtente, "-1"), "-1");
+    EXPECT_NE(testing::internal::GetCapturedStderr(), "");
 }
 
 TEST_F(SettingsStoreTest, WriteCreatesFolderAndFileAndReadsBack)
@@ -169,11 +185,11 @@ TEST_F(SettingsStoreTest, WriteAddsAMissingSectionAtTheEnd)
 TEST_F(SettingsStoreTest, WriteRefusesWhatTheFileCannotHold)
 {
     useFile(folder_ / "s.ini");
-    EXPECT_THROW(SettingsStore::write(AppAvlor, SezioneShared, ChiaveIdUtente, "a\nb"), std::invalid_argument);
-    EXPECT_THROW(SettingsStore::write(AppAvlor, SezioneShared, "a=b", "1"), std::invalid_argument);
-    EXPECT_THROW(SettingsStore::write(AppAvlor, "Sha]red", ChiaveIdUtente, "1"), std::invalid_argument);
-    EXPECT_THROW(SettingsStore::write(AppAvlor, SezioneShared, "", "1"), std::invalid_argument);
-    EXPECT_THROW(SettingsStore::write(AppAvlor, "", ChiaveIdUtente, "1"), std::invalid_argument);
+    EXPECT_THROW(SettingsStore::write(AppAvlor, SezioneShared, ChiaveIdUtente, "a\nb"), UsageError);
+    EXPECT_THROW(SettingsStore::write(AppAvlor, SezioneShared, "a=b", "1"), UsageError);
+    EXPECT_THROW(SettingsStore::write(AppAvlor, "Sha]red", ChiaveIdUtente, "1"), UsageError);
+    EXPECT_THROW(SettingsStore::write(AppAvlor, SezioneShared, "", "1"), UsageError);
+    EXPECT_THROW(SettingsStore::write(AppAvlor, "", ChiaveIdUtente, "1"), UsageError);
     EXPECT_FALSE(fs::exists(folder_ / "s.ini"));
 }
 

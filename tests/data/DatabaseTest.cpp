@@ -180,6 +180,37 @@ TEST(Create, MakesTheFolderAndTakesUris) {
     closeConnections(nested.string());
 }
 
+TEST(Location, TheFileOfASqliteLocation) {
+    EXPECT_EQ(databaseFile("/srv/studio/avlor.db"), std::filesystem::path("/srv/studio/avlor.db"));
+    EXPECT_EQ(databaseFile("relative.db"), std::filesystem::path("relative.db"));
+    EXPECT_EQ(databaseFile("file:///srv/studio/a%20b.db?mode=rw"), std::filesystem::path("/srv/studio/a b.db"));
+    EXPECT_EQ(databaseFile("file://localhost/srv/x.db"), std::filesystem::path("/srv/x.db"));
+    EXPECT_EQ(databaseFile("file:dati.db#parte"), std::filesystem::path("dati.db"));
+    for (const char* none : {":memory:", "", "file::memory:", "file:x.db?mode=memory&cache=shared",
+                             "postgresql://studio@dbserver/pratiche", "postgres://studio@dbserver/pratiche"}) {
+        EXPECT_FALSE(databaseFile(none).has_value()) << none;
+    }
+}
+
+TEST(Create, RemovingADatabaseDeletesItsFileAndJournals) {
+    test::TestDatabase db;
+    const std::string uri = "file:" + (db.folder() / "da%20togliere.db").string();
+    const std::filesystem::path file = db.folder() / "da togliere.db";
+    createPracticeDatabase(uri);
+    for (const char* suffix : {"-wal", "-shm", "-journal"}) {
+        std::ofstream(file.string() + suffix) << "x";
+    }
+    std::ofstream(db.folder() / "altro.db") << "kept";
+    removeDatabaseFiles(uri);
+    for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
+        EXPECT_FALSE(std::filesystem::exists(file.string() + suffix)) << suffix;
+    }
+    EXPECT_TRUE(std::filesystem::exists(db.folder() / "altro.db"));
+    // Nothing to remove for a server or an in-memory database.
+    removeDatabaseFiles("postgresql://studio@127.0.0.1:1/pratiche");
+    removeDatabaseFiles(":memory:");
+}
+
 TEST(Create, InMemoryDatabase) {
     const std::string location = "file:avlor-memory-test?mode=memory&cache=shared";
     createPracticeDatabase(location);

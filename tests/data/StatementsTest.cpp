@@ -145,7 +145,7 @@ TEST_F(PracticeTest, OneActionById) {
 }
 
 // Order-number proposal: the last action of the same kind dated on or before
-// the date, through the original server's date form.
+// the date, through the date form the application's statements use.
 std::string proposal(bool tariff, bool isNew, int action, const std::string& date) {
     std::string statement = std::string("SELECT NOrdine,Data FROM Azioni WHERE IdPra = ") + "5";
     statement += tariff ? " AND IsTariffa = 'TRUE' " : " AND IsTariffa = 'FALSE' ";

@@ -3,6 +3,7 @@
 // each item carries its source.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -285,19 +286,50 @@ TEST_F(BrokenShipment, AMissingSourcesFileIsRefused)
     EXPECT_EQ(itemsInDatabase(), 0);
 }
 
-TEST_F(BrokenShipment, TheFolderIsFoundThroughTheEnvironment)
+TEST_F(BrokenShipment, TheFolderOfTheEnvironmentIsLoadedInstead)
 {
+    append("OnorariStrag2004Euro.csv", "10,\"3.a\",\"voce aggiunta\",\n");
+    append("FonteTariffe.csv", "\"OnorariStrag2004Euro\",10,\"fonte della voce aggiunta\",\n");
     {
         const EnvironmentVariable chosen("AVLOR_TARIFFE_DIR", folder.string());
-        EXPECT_EQ(officialTariffsFolder(), folder);
+        const OfficialTariffFiles figures = officialTariffFiles();
+        EXPECT_EQ(figures.origin, folder.string());
+        EXPECT_EQ(figures.files.at("OnorariStrag2004Euro.csv"), readText(folder / "OnorariStrag2004Euro.csv"));
+        const OfficialTariffsResult loaded = loadOfficialTariffs(figures);
+        EXPECT_EQ(db.value("SELECT Azione FROM OnorariStrag2004Euro WHERE Id = 10").toText(), "voce aggiunta");
+        EXPECT_EQ(loaded.sources, 69u);
     }
-    {
-        const EnvironmentVariable chosen("AVLOR_TARIFFE_DIR", db.folder().string());
-        EXPECT_THROW((void)officialTariffsFolder(), Error);
+    const EnvironmentVariable chosen("AVLOR_TARIFFE_DIR", db.folder().string());
+    try {
+        (void)officialTariffFiles();
+        FAIL() << "no error";
+    } catch (const Error& e) {
+        EXPECT_EQ(std::string(e.what()),
+                  "AVLOR_TARIFFE_DIR names " + db.folder().string() + ", which holds no FonteTariffe.csv");
     }
+}
+
+// Without AVLOR_TARIFFE_DIR the figures are those built into the library:
+// exactly the files of sql/tariffe/, wherever the program and the working
+// folder are.
+TEST(BuiltInFigures, AreTheShippedFilesOfTheSourceTree)
+{
     const EnvironmentVariable unset("AVLOR_TARIFFE_DIR", std::nullopt);
-    const EnvironmentVariable source("AVLOR_SOURCE_DIR", test::sourceTree().string());
-    EXPECT_TRUE(fs::equivalent(officialTariffsFolder(), test::shippedFolder()));
+    const EnvironmentVariable noSource("AVLOR_SOURCE_DIR", std::nullopt);
+    const OfficialTariffFiles builtIn = officialTariffFiles();
+    std::vector<std::string> expectedNames;
+    for (const auto& entry : fs::directory_iterator(test::shippedFolder())) {
+        if (entry.path().extension() == ".csv")
+            expectedNames.push_back(entry.path().filename().string());
+    }
+    std::sort(expectedNames.begin(), expectedNames.end());
+    std::vector<std::string> names;
+    for (const auto& [name, text] : builtIn.files) {
+        names.push_back(name);
+        EXPECT_EQ(text, readText(test::shippedFolder() / name)) << name;
+    }
+    EXPECT_EQ(names, expectedNames);
+    EXPECT_EQ(names.size(), 7u);
 }
 
 } // namespace

@@ -1,10 +1,10 @@
 #pragma once
-// The official figures as transcribed in the firm's shared sources
-// (<shared>/tariffe/*.csv, or the copy kept in sql/tariffe/fonti/), and what
-// each shipped fee table must hold because of them. The mapping from a
-// printed column to a table column is written out here on its own, apart
-// from the script that made the shipped files, so that the tests check the
-// shipped data against the sources rather than against itself.
+// The official figures as transcribed from their printed sources (the
+// files of sql/tariffe/fonti/, with the source of each in its first lines),
+// and what each shipped fee table must hold because of them. The mapping
+// from a printed column to a table column is written out here on its own,
+// apart from the script that made the shipped files, so that the tests check
+// the shipped data against the sources rather than against itself.
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -31,21 +31,13 @@ inline std::filesystem::path sourceTree()
 // The shipped folder of the source tree.
 inline std::filesystem::path shippedFolder() { return sourceTree() / "sql" / "tariffe"; }
 
-// The transcribed sources: the shared folder when the harness names it,
-// otherwise the copy in the source tree.
-inline std::filesystem::path sourceFiguresFolder()
-{
-    const char* shared = std::getenv("AVLOR_SHARED_DIR");
-    if (shared != nullptr && *shared != '\0' && std::filesystem::exists(std::filesystem::path(shared) / "tariffe"))
-        return std::filesystem::path(shared) / "tariffe";
-    return shippedFolder() / "fonti";
-}
+// The transcribed sources, kept in the source tree.
+inline std::filesystem::path sourceFiguresFolder() { return shippedFolder() / "fonti"; }
 
 using SourceRow = std::map<std::string, std::string>;
 
-// The rows of a source file, by the names of its header ('#' lines are its
-// notes, not data).
-inline std::vector<SourceRow> readSourceFile(const std::string& name)
+// The data lines of a source file ('#' lines are its notes, not data).
+inline std::string sourceFileText(const std::string& name)
 {
     std::ifstream in(sourceFiguresFolder() / name);
     if (!in)
@@ -55,6 +47,25 @@ inline std::vector<SourceRow> readSourceFile(const std::string& name)
         if (!line.starts_with("#"))
             text += line + "\n";
     }
+    return text;
+}
+
+// The column names of a source file, in printed order.
+inline std::vector<std::string> sourceFileHeader(const std::string& name)
+{
+    const std::string text = sourceFileText(name); // the reader keeps a view of it
+    CsvReader reader(text, ',');
+    const auto header = reader.next();
+    std::vector<std::string> names;
+    for (const auto& field : header.value().fields)
+        names.push_back(field.text);
+    return names;
+}
+
+// The rows of a source file, by the names of its header.
+inline std::vector<SourceRow> readSourceFile(const std::string& name)
+{
+    const std::string text = sourceFileText(name); // the reader keeps a view of it
     CsvReader reader(text, ',');
     const auto header = reader.next();
     std::vector<SourceRow> rows;

@@ -35,9 +35,9 @@ DispatchResult TableObject::invoke(const std::string& method, std::vector<Value>
     auto found = std::find_if(methods_.begin(), methods_.end(),
                               [&](const Method& m) { return sameName(m.name, method); });
     if (found == methods_.end())
-        throw Error("The class " + progId_ + " has no operation named '" + method + "'");
+        throw UsageError("The class " + progId_ + " has no operation named '" + method + "'");
     if (arguments.size() != found->arity)
-        throw Error(progId_ + "." + found->name + " takes " + std::to_string(found->arity) + " argument(s), " +
+        throw UsageError(progId_ + "." + found->name + " takes " + std::to_string(found->arity) + " argument(s), " +
                     std::to_string(arguments.size()) + " given");
     return found->call(arguments);
 }

@@ -43,7 +43,7 @@ std::unique_ptr<AutomationObject> CreateObject(const std::string& progId)
         if (binding::sameName(name, progId))
             return factory();
     }
-    throw Error("No class is registered under the name '" + progId + "'");
+    throw UsageError("No class is registered under the name '" + progId + "'");
 }
 
 } // namespace avlor

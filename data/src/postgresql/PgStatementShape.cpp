@@ -10,21 +10,6 @@ namespace avlor {
 
 namespace {
 
-std::size_t nextMeaningful(const std::vector<SqlToken>& tokens, std::size_t i) {
-    while (i < tokens.size() && isFiller(tokens[i])) {
-        ++i;
-    }
-    return i;
-}
-
-bool isSymbol(const std::vector<SqlToken>& tokens, std::size_t i, char symbol) {
-    return i < tokens.size() && tokens[i].kind == SqlTokenKind::Symbol && tokens[i].text[0] == symbol;
-}
-
-bool isAnyKeyword(const SqlToken& token, std::initializer_list<const char*> keywords) {
-    return std::any_of(keywords.begin(), keywords.end(), [&](const char* keyword) { return isKeyword(token, keyword); });
-}
-
 bool isName(const std::vector<SqlToken>& tokens, std::size_t i) {
     return i < tokens.size() && (tokens[i].kind == SqlTokenKind::Word || tokens[i].kind == SqlTokenKind::QuotedName);
 }

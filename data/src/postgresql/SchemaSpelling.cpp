@@ -26,17 +26,6 @@ struct TableSpelling {
 
 using Spellings = std::map<std::string, TableSpelling>; // lower case table -> spelling
 
-std::size_t nextMeaningful(const std::vector<SqlToken>& tokens, std::size_t i) {
-    while (i < tokens.size() && isFiller(tokens[i])) {
-        ++i;
-    }
-    return i;
-}
-
-bool isSymbol(const std::vector<SqlToken>& tokens, std::size_t i, char symbol) {
-    return i < tokens.size() && tokens[i].kind == SqlTokenKind::Symbol && tokens[i].text[0] == symbol;
-}
-
 // A table constraint, not a column, where a column definition could start.
 bool startsConstraint(const SqlToken& token) {
     for (const char* keyword : {"CONSTRAINT", "PRIMARY", "UNIQUE", "CHECK", "FOREIGN", "EXCLUDE", "LIKE"}) {

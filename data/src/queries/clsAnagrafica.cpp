@@ -1,7 +1,7 @@
 #include "avlor/data/queries/clsAnagrafica.h"
 
 #include "avlor/data/clsValoreSql.h"
-#include "avlor/data/queries/ErrorTrap.h"
+#include "avlor/core/ErrorTrap.h"
 
 namespace avlor {
 

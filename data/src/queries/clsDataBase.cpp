@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "avlor/data/clsAccessoDati.h"
-#include "avlor/data/queries/ErrorTrap.h"
+#include "avlor/core/ErrorTrap.h"
 
 namespace avlor {
 

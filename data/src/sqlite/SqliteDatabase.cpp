@@ -40,13 +40,6 @@ std::string percentDecoded(std::string_view text) {
     return result;
 }
 
-void removeDatabaseFiles(const std::filesystem::path& file) noexcept {
-    std::error_code ignored;
-    for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
-        std::filesystem::remove(file.string() + suffix, ignored);
-    }
-}
-
 // Makes the file, failing if anything is there already: the test and the
 // creation are one step, so two processes cannot both create it.
 void createEmptyFile(const std::string& location, const std::filesystem::path& file) {
@@ -69,6 +62,13 @@ void createEmptyFile(const std::string& location, const std::filesystem::path& f
 }
 
 } // namespace
+
+void removeSqliteFiles(const std::filesystem::path& file) noexcept {
+    std::error_code ignored;
+    for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
+        std::filesystem::remove(file.string() + suffix, ignored);
+    }
+}
 
 SqliteLocation sqliteLocation(const std::string& location) {
     SqliteLocation where;
@@ -106,7 +106,7 @@ std::shared_ptr<SqliteConnection> createSqlitePracticeDatabase(const std::string
         connection = SqliteConnection::connect(location);
     } catch (...) {
         if (!where.inMemory) {
-            removeDatabaseFiles(where.file);
+            removeSqliteFiles(where.file);
         }
         throw;
     }
@@ -120,7 +120,7 @@ std::shared_ptr<SqliteConnection> createSqlitePracticeDatabase(const std::string
     } catch (...) {
         connection.reset();
         if (!where.inMemory) {
-            removeDatabaseFiles(where.file);
+            removeSqliteFiles(where.file);
         }
         throw;
     }

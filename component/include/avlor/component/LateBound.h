@@ -7,7 +7,7 @@
 //
 // Operation names are matched without regard to letter case, as scripting
 // hosts expect. An unknown class, an unknown operation or a wrong number of
-// arguments raises avlor::Error with a message naming them.
+// arguments raises UsageError with a message naming them.
 #include <memory>
 #include <string>
 #include <variant>
@@ -35,7 +35,7 @@ public:
 [[nodiscard]] const std::vector<std::string>& registeredProgIds();
 
 // Creates the class registered under `progId` (compared without regard to
-// letter case). Unknown names raise avlor::Error.
+// letter case). Unknown names raise UsageError.
 [[nodiscard]] std::unique_ptr<AutomationObject> CreateObject(const std::string& progId);
 
 } // namespace avlor

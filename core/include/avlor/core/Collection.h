@@ -13,9 +13,9 @@ namespace avlor {
 
 class Collection {
 public:
-    // Appends `item`; with a key already present raises std::invalid_argument.
+    // Appends `item`; with a key already present raises UsageError.
     void Add(Value item, std::optional<std::string> key = std::nullopt);
-    // Item `index`, 1-based; out of range raises std::out_of_range.
+    // Item `index`, 1-based; out of range raises UsageError.
     [[nodiscard]] const Value& Item(std::size_t index) const;
     [[nodiscard]] std::size_t Count() const noexcept { return items_.size(); }
     [[nodiscard]] bool ContainsKey(const std::string& key) const;

@@ -15,7 +15,14 @@ class Date {
 public:
     constexpr Date() noexcept = default;
 
-    [[nodiscard]] static constexpr Date fromDayCount(std::int32_t days) noexcept { return Date(days); }
+    // The first and last day of the calendar range, 01/01/0001 and 31/12/9999.
+    static constexpr std::int32_t FirstDayCount = -693593;
+    static constexpr std::int32_t LastDayCount = 2958465;
+
+    // The date `days` after day 0. A count outside FirstDayCount to
+    // LastDayCount names no date of years 1 to 9999 and raises
+    // ValueError(Overflow).
+    [[nodiscard]] static Date fromDayCount(std::int32_t days);
     // Raises ValueError(InvalidDate) for a day that does not exist.
     [[nodiscard]] static Date fromYmd(int year, int month, int day);
     // "DD/MM/YYYY" (one or two digits for day and month, four for the year,

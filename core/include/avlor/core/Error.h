@@ -1,7 +1,9 @@
 #pragma once
 // Root of the component's exception hierarchy. Each layer derives its own
-// error from it (values here, the database layer, the tariff engine), so a
-// host can trap one type or tell the layers apart.
+// error from it (values, usage and settings here; DataError in the database
+// layer; TariffFileError for the fee-table files), so a host can trap one
+// type or tell the layers apart. The tariff engine has no failure of its
+// own: it lets the errors of the layers below pass unchanged.
 #include <stdexcept>
 #include <string>
 
@@ -24,6 +26,22 @@ public:
 
 private:
     Kind kind_;
+};
+
+// A request that an operation cannot serve as asked: a key already present
+// in a collection or an index outside it, an amount pattern that does not
+// exist, a setting that the settings file cannot hold, a late-bound call to
+// a class or operation that does not exist or with the wrong number of
+// arguments.
+class UsageError : public Error {
+public:
+    using Error::Error;
+};
+
+// The per-user settings file could not be written.
+class SettingsError : public Error {
+public:
+    using Error::Error;
 };
 
 } // namespace avlor

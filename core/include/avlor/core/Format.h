@@ -18,7 +18,7 @@ inline constexpr std::string_view FormatoLire = "###,###,###,###";
 inline constexpr std::string_view FormatoGrigliaEuro = "###,###,###.00";
 inline constexpr std::string_view FormatoGrigliaLire = "###,###,###";
 
-// Raises std::invalid_argument for a pattern outside the family above.
+// Raises UsageError for a pattern outside the family above.
 [[nodiscard]] std::string formatAmount(Currency amount, std::string_view pattern, const Locale& locale);
 
 // A date in the locale's short date form.

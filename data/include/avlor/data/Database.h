@@ -8,7 +8,9 @@
 // URI, or a "postgresql://" (or "postgres://") URI for a shared server. On a
 // server the database itself must already exist, made by the firm's
 // administrator; createPracticeDatabase then lays out the schema in it.
+#include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace avlor {
@@ -19,6 +21,10 @@ class Connection;
 [[nodiscard]] bool isServerLocation(const std::string& location);
 // The location as messages show it: a server password replaced by "***".
 [[nodiscard]] std::string shownLocation(const std::string& location);
+// The file that holds a SQLite location: the path itself, or the path of a
+// "file:" URI with its percent escapes decoded ("file:///a%20b.db" ->
+// "/a b.db"). None for an in-memory database or a server location.
+[[nodiscard]] std::optional<std::filesystem::path> databaseFile(const std::string& location);
 
 // Sets the database of this process; an empty text returns to the default.
 void setCurrentDatabase(const std::string& location);
@@ -44,5 +50,11 @@ void closeConnections(const std::string& location);
 // new database has one ConfigGenerale row (ValutaDefault "EURO",
 // CambioLiraEuro 1936.27) and Versioni 1; its connection joins the pool.
 void createPracticeDatabase(const std::string& location);
+
+// Removes a SQLite database made by mistake or left half-made: closes its
+// pooled connection and deletes its file with the journal files SQLite keeps
+// beside it ("-wal", "-shm", "-journal"). Nothing is done for an in-memory
+// database or a server location (a server database is the administrator's).
+void removeDatabaseFiles(const std::string& location);
 
 } // namespace avlor

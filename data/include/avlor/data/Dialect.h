@@ -1,12 +1,12 @@
 #pragma once
 // Dialect: how one database backend runs the statements that the application
-// writes. The statements are built for the practice database's original
-// server and are kept exactly as written; the few forms that another engine
-// does not understand are mapped here, in one place per backend:
+// writes. The statements are kept exactly as the application writes them;
+// the few forms that a backend does not understand are mapped here, in one
+// place per backend:
 //   - a bare table name in place of a statement opens the whole table;
-//   - the date form CONVERT (SMALLDATETIME,'dd/mm/yyyy', 105) becomes the
-//     backend's date literal (a text that is not a calendar date raises
-//     DataError, as the original server refuses it);
+//   - the date form of the application's statements, CONVERT
+//     (SMALLDATETIME,'dd/mm/yyyy', 105), becomes the backend's date literal
+//     (a text that is not a calendar date raises DataError);
 //   - a bare true / false (outside quotes) becomes the backend's yes/no
 //     literal; quoted 'TRUE', 'True', 'true', 'FALSE'... are left alone, the
 //     schema makes them match;

@@ -6,7 +6,6 @@
 
 #include "avlor/core/Currency.h"
 #include "avlor/engine/ArrotondaLire.h"
-#include "avlor/engine/EngineError.h"
 #include "avlor/engine/ValoreScaglionePiuVicino.h"
 
 namespace avlor {
