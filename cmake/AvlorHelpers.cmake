@@ -40,9 +40,9 @@ endfunction()
 # GoogleTest program whose cases CTest lists one by one.
 #
 # A suite over the practice database (one that links a module reaching it:
-# data, tariffe, engine, access, component) runs on both backends: its cases are
-# listed once as they are (SQLite) and, when AVLOR_POSTGRES_TESTS is on,
-# once more prefixed "pg." with AVLOR_TEST_BACKEND=postgresql, so that
+# data, tariffe, engine, dialog, access, component) runs on both backends: its
+# cases are listed once as they are (SQLite) and, when AVLOR_POSTGRES_TESTS is
+# on, once more prefixed "pg." with AVLOR_TEST_BACKEND=postgresql, so that
 # tests/support/TestDatabase.h makes its databases on the PostgreSQL server
 # named by AVLOR_TEST_PG_URI in the environment of ctest (scripts/test.sh
 # starts a throwaway server). BACKENDS overrides the choice: "postgresql"

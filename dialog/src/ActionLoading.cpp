@@ -5,6 +5,7 @@
 
 #include "BusyPointer.h"
 #include "Families.h"
+#include "FieldText.h"
 #include "avlor/core/Value.h"
 #include "avlor/data/clsAccessoDati.h"
 #include "avlor/dialog/Statements.h"
@@ -14,25 +15,6 @@
 namespace avlor::dialog {
 
 namespace {
-
-std::string plainText(const Value& value)
-{
-    return value.isNull() || value.isEmpty() ? std::string() : value.toText(Locale::neutral());
-}
-
-Currency amountOrZero(const Value& value)
-{
-    return value.isNull() || value.isEmpty() ? Currency{} : value.toCurrency();
-}
-
-std::string trimmed(const std::string& text)
-{
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string::npos) {
-        return {};
-    }
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 // The option of each stored kind of fee; 4 and 5 repeat 0 and 1.
 const char* optionOfKind(std::int16_t tipo)
@@ -111,7 +93,7 @@ void frmOKParcella::CaricaAzione()
                 s_.sTabella = euroEdition(family, *day);
             }
         } else {
-            s_.sTabella = family.lire;
+            s_.sTabella = tableOf(family, Edition::Lire94);
         }
     }
 

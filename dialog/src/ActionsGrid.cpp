@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "BusyPointer.h"
+#include "FieldText.h"
 #include "avlor/core/Format.h"
 #include "avlor/core/Value.h"
 #include "avlor/data/clsAccessoDati.h"
@@ -23,11 +24,6 @@ std::string trimmedUpper(std::string text)
         }
     }
     return text;
-}
-
-std::string plainText(const Value& value)
-{
-    return value.isNull() || value.isEmpty() ? std::string() : value.toText(Locale::neutral());
 }
 
 // The nearest whole amount, halves to the even neighbour, exactly.

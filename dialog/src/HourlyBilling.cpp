@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "BusyPointer.h"
+#include "FieldText.h"
 #include "avlor/core/Format.h"
 #include "avlor/core/Value.h"
 #include "avlor/data/clsAccessoDati.h"
@@ -10,29 +11,6 @@
 #include "avlor/dialog/frmOKParcella.h"
 
 namespace avlor::dialog {
-
-namespace {
-
-std::string plainText(const Value& value)
-{
-    return value.isNull() || value.isEmpty() ? std::string() : value.toText(Locale::neutral());
-}
-
-Currency amountOrZero(const Value& value)
-{
-    return value.isNull() || value.isEmpty() ? Currency{} : value.toCurrency();
-}
-
-std::string trimmed(const std::string& text)
-{
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string::npos) {
-        return {};
-    }
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
-} // namespace
 
 void frmOKParcella::optOraria_Click()
 {

@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "BusyPointer.h"
+#include "FieldText.h"
 #include "avlor/core/Format.h"
 #include "avlor/core/Messages.h"
 #include "avlor/core/Settings.h"
@@ -12,24 +13,6 @@
 #include "avlor/dialog/frmOKParcella.h"
 
 namespace avlor::dialog {
-
-namespace {
-
-std::string trimBlanks(const std::string& text)
-{
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string::npos) {
-        return {};
-    }
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
-std::string textOrEmpty(const Value& value)
-{
-    return value.isNull() || value.isEmpty() ? std::string() : value.toText(Locale::neutral());
-}
-
-} // namespace
 
 void frmOKParcella::informa(const std::string& text) const
 {
@@ -118,7 +101,7 @@ bool frmOKParcella::LeggiPratica()
         clsAccessoDati dati;
         dati.Apri(sql::casoPratica(s_.idPratica), 1, 3, -1);
 
-        const std::string valore = textOrEmpty(dati.Campo("Valore", TipoTesto));
+        const std::string valore = plainText(dati.Campo("Valore", TipoTesto));
         if (numberLenient(valore) > 0) {
             s_.Valore = dati.Campo("Valore", TipoNumero).toCurrency();
             s_.bIndeterminato = false;
@@ -128,7 +111,7 @@ bool frmOKParcella::LeggiPratica()
         }
 
         // Exact comparison: "Euro" is not the euro word and counts as lire.
-        if (trimBlanks(textOrEmpty(dati.Campo("Valuta", TipoTesto))) == "EURO") {
+        if (trimmed(plainText(dati.Campo("Valuta", TipoTesto))) == "EURO") {
             s_.ValutaPratica = "EURO";
             if (s_.sTabella.find("Euro") == std::string::npos) {
                 s_.sTabella += "Euro";
@@ -138,10 +121,10 @@ bool frmOKParcella::LeggiPratica()
         }
 
         s_.Rilevanza = dati.Campo("Rilevanza", TipoNumero).toInteger();
-        s_.Autorita = textOrEmpty(dati.Campo("Autorita", TipoTesto));
+        s_.Autorita = plainText(dati.Campo("Autorita", TipoTesto));
 
         dati.Apri(sql::configGenerale(), 1, 3, -1);
-        s_.ValutaDefault = textOrEmpty(dati.Campo("ValutaDefault", TipoTesto));
+        s_.ValutaDefault = plainText(dati.Campo("ValutaDefault", TipoTesto));
         s_.CambioLiraEuro = dati.Campo("CambioLiraEuro", TipoNumero).toCurrency();
         return true;
     } catch (const std::exception&) {

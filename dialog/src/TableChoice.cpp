@@ -30,7 +30,7 @@ void frmOKParcella::ScegliFamiglia(const std::string& opzione)
     const TableFamily family = *familyOfOption(opzione);
     ultimaFamiglia_ = opzione;
     if (s_.ValutaDefault == "LIRA") {
-        s_.sTabella = family.lire;
+        s_.sTabella = tableOf(family, Edition::Lire94);
     } else if (const std::optional<Date> day = Date::parseDayFirst(textOf("FData"))) {
         // The edition comes from the date shown before the reset below.
         s_.sTabella = euroEdition(family, *day);
@@ -98,7 +98,7 @@ void frmOKParcella::FData_Change()
     if (s_.ValutaDefault == "LIRA") {
         // In lire the edition never depends on the day: the chosen item and
         // its amounts stay.
-        s_.sTabella = family->lire;
+        s_.sTabella = tableOf(*family, Edition::Lire94);
         return;
     }
     s_.sTabella = euroEdition(*family, Date::fromDayFirst(day->toDayFirst()));

@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "BusyPointer.h"
+#include "FieldText.h"
 #include "avlor/core/Value.h"
 #include "avlor/data/clsAccessoDati.h"
 #include "avlor/dialog/Statements.h"
@@ -15,17 +16,7 @@ namespace {
 
 std::string fieldText(clsAccessoDati& dati, const std::string& name)
 {
-    const Value value = dati.Campo(name, TipoTesto);
-    return value.isNull() || value.isEmpty() ? std::string() : value.toText(Locale::neutral());
-}
-
-std::string trimmed(const std::string& text)
-{
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string::npos) {
-        return {};
-    }
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+    return plainText(dati.Campo(name, TipoTesto));
 }
 
 bool isCivilTable(const std::string& tabella)
