@@ -17,7 +17,8 @@ namespace {
 
 const std::string Statement = "Select LivelloRiservatezza FROM Utenti WHERE Id_Utente = 5";
 
-avlor::test::TestDatabase& database() {
+avlor::test::TestDatabase& database()
+{
     static avlor::test::TestDatabase db;
     static const bool filled = [] {
         db.exec("INSERT INTO Utenti (ID_Utente, NomeUtente, LivelloRiservatezza) VALUES "
@@ -28,7 +29,8 @@ avlor::test::TestDatabase& database() {
     return db;
 }
 
-void RawSqlite(benchmark::State& state) {
+void RawSqlite(benchmark::State& state)
+{
     sqlite3* db = nullptr;
     sqlite3_open_v2(database().location().c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
     for (auto _ : state) {
@@ -42,7 +44,8 @@ void RawSqlite(benchmark::State& state) {
 }
 BENCHMARK(RawSqlite);
 
-void ClsAccessoDati(benchmark::State& state) {
+void ClsAccessoDati(benchmark::State& state)
+{
     (void)database();
     for (auto _ : state) {
         avlor::clsAccessoDati data;
@@ -55,7 +58,8 @@ BENCHMARK(ClsAccessoDati);
 // Prints each run as usual and keeps its time per iteration for the ratio.
 class RatioReporter : public benchmark::ConsoleReporter {
 public:
-    void ReportRuns(const std::vector<Run>& runs) override {
+    void ReportRuns(const std::vector<Run>& runs) override
+    {
         ConsoleReporter::ReportRuns(runs);
         for (const Run& run : runs) {
             if (run.run_type == Run::RT_Iteration) {
@@ -71,7 +75,8 @@ private:
 
 } // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv)
+{
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 1;

@@ -36,8 +36,8 @@ void RecordAccess(benchmark::State& state)
     static_cast<void>(database());
     for (auto _ : state) {
         avlor::clsAccessoDati data;
-        static_cast<void>(data.Apri(Statement, avlor::adOpenForwardOnly, avlor::adLockReadOnly,
-                                    avlor::adCmdUnspecified));
+        static_cast<void>(
+            data.Apri(Statement, avlor::adOpenForwardOnly, avlor::adLockReadOnly, avlor::adCmdUnspecified));
         benchmark::DoNotOptimize(data.Campo("CodiceTariffa", avlor::TipoTesto));
         benchmark::DoNotOptimize(data.Campo("VALORESCA5", avlor::TipoNumero));
     }
@@ -55,8 +55,8 @@ void RightsProposal(benchmark::State& state)
         std::int32_t idTariffa = 7;
         avlor::Currency MinTar, MaxTar, MinS, MaxS;
         std::string Autorita;
-        benchmark::DoNotOptimize(avlor::CalcolaTariffaModulo(cValore, vRil, sTabella, bInd, idTariffa, MinTar,
-                                                             MaxTar, MinS, MaxS, Autorita));
+        benchmark::DoNotOptimize(avlor::CalcolaTariffaModulo(cValore, vRil, sTabella, bInd, idTariffa, MinTar, MaxTar,
+                                                             MinS, MaxS, Autorita));
     }
 }
 BENCHMARK(RightsProposal);
@@ -71,8 +71,8 @@ void OutOfCourtProposal(benchmark::State& state)
         std::int32_t idTariffa = 12;
         avlor::Currency MinTar, MaxTar, MinS, MaxS;
         std::string Autorita;
-        benchmark::DoNotOptimize(avlor::CalcolaTariffaModulo(cValore, vRil, sTabella, bInd, idTariffa, MinTar,
-                                                             MaxTar, MinS, MaxS, Autorita));
+        benchmark::DoNotOptimize(avlor::CalcolaTariffaModulo(cValore, vRil, sTabella, bInd, idTariffa, MinTar, MaxTar,
+                                                             MinS, MaxS, Autorita));
     }
 }
 BENCHMARK(OutOfCourtProposal);

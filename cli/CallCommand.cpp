@@ -13,9 +13,10 @@ namespace avlor::cli {
 void addCallCommand(CLI::App& app, Context& context)
 {
     auto* call = app.add_subcommand(
-        "call", "Create a public class by its programmatic name and call one of its operations by name.\n"
-                "Arguments: a whole number, a decimal number with a point, null, or any other word as text;\n"
-                "--text WORD keeps WORD as text. Example: avlor call AvlorLogic.clsUtenti GetSqlFiltroPratiche 5");
+        "call",
+        "Create a public class by its programmatic name and call one of its operations by name.\n"
+        "Arguments: a whole number, a decimal number with a point, null, or any other word as text;\n"
+        "--text WORD keeps WORD as text. Example: avlor call AvlorLogic.clsUtenti GetSqlFiltroPratiche 5");
     // The words after the operation are handed over as they are, so parsing
     // stops at the programmatic name; --db and --json, taken before it here
     // as before "call", are the command's own options.
@@ -30,8 +31,7 @@ void addCallCommand(CLI::App& app, Context& context)
         if (words.size() < 2)
             throw CommandError("call needs a programmatic name and an operation, for example: "
                                "avlor call AvlorLogic.clsDataBase VersioneMdb");
-        std::vector<Value> arguments =
-            argumentsFromWords(std::vector<std::string>(words.begin() + 2, words.end()));
+        std::vector<Value> arguments = argumentsFromWords(std::vector<std::string>(words.begin() + 2, words.end()));
 
         context.openPracticeDatabase();
         auto object = CreateObject(words[0]);

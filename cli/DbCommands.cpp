@@ -28,8 +28,9 @@ void addDbCommands(CLI::App& app, Context& context)
 
     auto options = std::make_shared<InitOptions>();
     auto* init = db->add_subcommand(
-        "init", "Create a new practice database with the schema and the official fee tables that ship with AvlorLogic; "
-                "it never overwrites an existing database");
+        "init",
+        "Create a new practice database with the schema and the official fee tables that ship with AvlorLogic; "
+        "it never overwrites an existing database");
     init->add_option("LOCATION", options->location,
                      "Path, file: URI or postgresql:// URI (default: --db, $AVLOR_DB, else the per-user file)");
     init->add_flag("--demo", options->demo,
@@ -60,10 +61,11 @@ void addDbCommands(CLI::App& app, Context& context)
         for (const auto& table : loaded.tables)
             items += table.added + table.replaced;
         if (context.json) {
-            *context.out << nlohmann::ordered_json{{"risultato", {{"database", shownLocation(where)},
-                                                          {"tabelle", loaded.tables.size()},
-                                                          {"voci", items},
-                                                          {"demo", options->demo}}}}
+            *context.out << nlohmann::ordered_json{{"risultato",
+                                                    {{"database", shownLocation(where)},
+                                                     {"tabelle", loaded.tables.size()},
+                                                     {"voci", items},
+                                                     {"demo", options->demo}}}}
                                 .dump()
                          << '\n';
         } else {

@@ -60,7 +60,7 @@ void writeWholeFile(const std::string& path, const std::string& text)
         failed(path, errno);
     // The new file keeps the rights of the one it replaces, or the usual
     // ones of a new file.
-    struct stat old {};
+    struct stat old { };
     if (::stat(path.c_str(), &old) == 0) {
         (void)::fchmod(fd, old.st_mode & 07777);
     } else {

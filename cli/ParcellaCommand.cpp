@@ -144,10 +144,9 @@ void runScript(const Context& context, const Options& options)
         in = &file;
     }
 
-    auto clock = options.oggi.empty()
-                     ? std::shared_ptr<const dialog::Clock>(std::make_shared<dialog::SystemClock>())
-                     : std::shared_ptr<const dialog::Clock>(
-                           std::make_shared<dialog::FixedClock>(dayArgument("--oggi", options.oggi)));
+    auto clock = options.oggi.empty() ? std::shared_ptr<const dialog::Clock>(std::make_shared<dialog::SystemClock>())
+                                      : std::shared_ptr<const dialog::Clock>(
+                                            std::make_shared<dialog::FixedClock>(dayArgument("--oggi", options.oggi)));
     const std::string data =
         options.data.empty() ? clock->today().toDayFirst() : dayArgument("--data", options.data).toDayFirst();
 
@@ -206,15 +205,17 @@ void addParcellaCommand(CLI::App& app, Context& context)
 {
     auto options = std::make_shared<Options>();
     auto* parcella = app.add_subcommand(
-        "parcella", "Open the fee-entry dialog \"Parcellazione Adempimento\" on a case file and drive it from a "
-                    "script of JSON lines (--script FILE, or - for standard input); each line is answered with the "
-                    "dialog's state as one JSON line");
+        "parcella",
+        "Open the fee-entry dialog \"Parcellazione Adempimento\" on a case file and drive it from a "
+        "script of JSON lines (--script FILE, or - for standard input); each line is answered with the "
+        "dialog's state as one JSON line");
     parcella->add_option("--pratica", options->pratica, "The case file (Pratica.ID_Pra)")->required();
     parcella->add_option("--parti", options->parti, "The client/opposing-party line shown by the dialog");
     parcella->add_option("--adempimento", options->adempimento, "The work done, shown by the dialog");
     parcella->add_option("--data", options->data, "The date of the work, DD/MM/YYYY (default: today)");
-    parcella->add_option("--oggi", options->oggi, "The day the dialog takes as today, DD/MM/YYYY (default: the "
-                                                  "machine's)");
+    parcella->add_option("--oggi", options->oggi,
+                         "The day the dialog takes as today, DD/MM/YYYY (default: the "
+                         "machine's)");
     parcella->add_option("--script", options->script, "The script: a file of JSON lines, or - for standard input");
     parcella->callback([&context, options] {
         if (options->script.empty())

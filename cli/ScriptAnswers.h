@@ -29,7 +29,7 @@ public:
     // Called with the text of a question that has no answer; must not return.
     using Unanswered = std::function<void(const std::string& text)>;
 
-    explicit ScriptAnswers(Unanswered unanswered) : unanswered_(std::move(unanswered)) {}
+    explicit ScriptAnswers(Unanswered unanswered) : unanswered_(std::move(unanswered)) { }
 
     MsgResult show(const std::string& text, const std::string& title, MsgIcon icon, MsgButtons buttons) override;
 

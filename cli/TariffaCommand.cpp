@@ -5,10 +5,10 @@
 #include <ostream>
 
 #include "Utf8Text.h"
-#include "avlor/engine/CalcolaTariffaModulo.h"
 #include "avlor/core/Error.h"
-#include "avlor/core/Messages.h"
 #include "avlor/core/FeeTables.h"
+#include "avlor/core/Messages.h"
+#include "avlor/engine/CalcolaTariffaModulo.h"
 
 namespace avlor::cli {
 
@@ -29,12 +29,15 @@ void addTariffaCommand(CLI::App& app, Context& context)
 {
     auto options = std::make_shared<TariffaOptions>();
     auto* command = app.add_subcommand(
-        "tariffa", "Price one fee item as ClsParcella.CalcolaTariffa does: the proposed amount (importo), the band "
-                   "(MinTar, MaxTar) and the extraordinary band (MinS, MaxS)");
-    command->add_option("--tabella", options->tabella, "Fee table, e.g. Diritti2004Euro, Onorari94, OnorariPenali2004Euro")
+        "tariffa",
+        "Price one fee item as ClsParcella.CalcolaTariffa does: the proposed amount (importo), the band "
+        "(MinTar, MaxTar) and the extraordinary band (MinS, MaxS)");
+    command
+        ->add_option("--tabella", options->tabella, "Fee table, e.g. Diritti2004Euro, Onorari94, OnorariPenali2004Euro")
         ->required();
     command->add_option("--id", options->id, "Id of the item in the table (see: avlor tariffe elenca)")->required();
-    command->add_option("--valore", options->valore, "Value of the case in the table's unit, point as decimal separator")
+    command
+        ->add_option("--valore", options->valore, "Value of the case in the table's unit, point as decimal separator")
         ->required();
     command->add_option("--rilevanza", options->rilevanza, "Importance, 0 (minimum) to 100 (maximum)")->required();
     command->add_flag("--indeterminato", options->indeterminato, "The value of the case is indeterminate");
@@ -45,7 +48,8 @@ void addTariffaCommand(CLI::App& app, Context& context)
         // rounded without a word.
         if (const auto point = options->valore.find('.'); point != std::string::npos) {
             std::size_t decimals = 0;
-            for (std::size_t i = point + 1; i < options->valore.size() && std::isdigit(static_cast<unsigned char>(options->valore[i])) != 0; ++i)
+            for (std::size_t i = point + 1;
+                 i < options->valore.size() && std::isdigit(static_cast<unsigned char>(options->valore[i])) != 0; ++i)
                 ++decimals;
             if (decimals > 4)
                 throw CommandError("--valore: '" + options->valore + "' has more than four decimals");
@@ -57,7 +61,8 @@ void addTariffaCommand(CLI::App& app, Context& context)
         try {
             valore = Currency::fromText(options->valore);
         } catch (const Error&) {
-            throw CommandError("--valore: '" + options->valore + "' is not a number (use a point as decimal separator)");
+            throw CommandError("--valore: '" + options->valore +
+                               "' is not a number (use a point as decimal separator)");
         }
         std::string tabella(requireFeeTable(options->tabella).name);
         context.openPracticeDatabase();
@@ -83,12 +88,13 @@ void addTariffaCommand(CLI::App& app, Context& context)
             importo = Currency{};
         }
         const auto& shown = messages.recorder().shown();
-        const nlohmann::ordered_json messaggio = shown.empty() ? nlohmann::ordered_json(nullptr) : nlohmann::ordered_json(utf8Text(shown.back().text));
+        const nlohmann::ordered_json messaggio =
+            shown.empty() ? nlohmann::ordered_json(nullptr) : nlohmann::ordered_json(utf8Text(shown.back().text));
 
         if (context.json) {
             *context.out << nlohmann::ordered_json{{"importo", importo.toFixed4()}, {"MinTar", minTar.toFixed4()},
-                                           {"MaxTar", maxTar.toFixed4()},   {"MinS", minS.toFixed4()},
-                                           {"MaxS", maxS.toFixed4()},       {"messaggio", messaggio}}
+                                                   {"MaxTar", maxTar.toFixed4()},   {"MinS", minS.toFixed4()},
+                                                   {"MaxS", maxS.toFixed4()},       {"messaggio", messaggio}}
                                 .dump()
                          << '\n';
             return;

@@ -42,12 +42,15 @@ void addTariffeCommands(CLI::App& app, Context& context)
         if (context.json) {
             auto list = nlohmann::ordered_json::array();
             for (const auto& item : items)
-                list.push_back({{"Id", item.id}, {"CodiceTariffa", item.code}, {"Azione", item.description},
+                list.push_back({{"Id", item.id},
+                                {"CodiceTariffa", item.code},
+                                {"Azione", item.description},
                                 {"conImporti", item.priced}});
-            *context.out << nlohmann::ordered_json{{"risultato",
-                                            {{"tabella", table.name}, {"voci", list}, {"conImporti", count.priced}}}}
-                                .dump()
-                         << '\n';
+            *context.out
+                << nlohmann::ordered_json{{"risultato",
+                                           {{"tabella", table.name}, {"voci", list}, {"conImporti", count.priced}}}}
+                       .dump()
+                << '\n';
             return;
         }
         for (const auto& item : items)
@@ -56,9 +59,10 @@ void addTariffeCommands(CLI::App& app, Context& context)
     });
 
     auto* importa = tariffe->add_subcommand(
-        "importa", "Load a complete official fee table from a CSV file (header row naming the table's columns; "
-                   "Italian or point decimals; amounts in the table's unit). The whole file is checked first and "
-                   "written in one transaction: a file with one bad line changes nothing");
+        "importa",
+        "Load a complete official fee table from a CSV file (header row naming the table's columns; "
+        "Italian or point decimals; amounts in the table's unit). The whole file is checked first and "
+        "written in one transaction: a file with one bad line changes nothing");
     importa->add_option("--tabella", options->tabella, "Fee table, e.g. Diritti2004Euro")->required();
     importa->add_option("FILE", options->file, "The CSV file")->required();
     importa->callback([&context, options] {
@@ -75,9 +79,10 @@ void addTariffeCommands(CLI::App& app, Context& context)
         context.openPracticeDatabase();
         const TariffImportResult result = importTariffFile(table.name, options->file);
         if (context.json)
-            *context.out << nlohmann::ordered_json{{"risultato", {{"tabella", result.table},
-                                                          {"aggiunte", result.added},
-                                                          {"sostituite", result.replaced}}}}
+            *context.out << nlohmann::ordered_json{{"risultato",
+                                                    {{"tabella", result.table},
+                                                     {"aggiunte", result.added},
+                                                     {"sostituite", result.replaced}}}}
                                 .dump()
                          << '\n';
         else

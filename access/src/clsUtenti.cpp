@@ -7,10 +7,10 @@
 #include <string_view>
 
 #include "avlor/core/Error.h"
+#include "avlor/core/ErrorTrap.h"
 #include "avlor/core/Settings.h"
 #include "avlor/data/clsAccessoDati.h"
 #include "avlor/data/clsUtilitaDati.h"
-#include "avlor/core/ErrorTrap.h"
 
 namespace avlor {
 
@@ -28,12 +28,14 @@ constexpr double AllSeeingUserId = 2.0;
 // ---- Reading: these let every failure through; the public operations
 // ---- decide whether to trap it.
 
-void openReadOnly(clsAccessoDati& dati, const std::string& source) {
+void openReadOnly(clsAccessoDati& dati, const std::string& source)
+{
     dati.Apri(source, adOpenForwardOnly, adLockReadOnly, adCmdUnspecified);
 }
 
 // Every value of `field` of the rows of `statement`, in row order.
-Collection readColumn(const std::string& statement, const std::string& field, std::int32_t tipoCampo) {
+Collection readColumn(const std::string& statement, const std::string& field, std::int32_t tipoCampo)
+{
     clsAccessoDati dati;
     openReadOnly(dati, statement);
     Collection values;
@@ -44,24 +46,28 @@ Collection readColumn(const std::string& statement, const std::string& field, st
     return values;
 }
 
-bool rowExists(const std::string& statement) {
+bool rowExists(const std::string& statement)
+{
     clsAccessoDati dati;
     openReadOnly(dati, statement);
     return !dati.Recordset().Eof();
 }
 
-std::int32_t readLevel(const Value& idUtente) {
+std::int32_t readLevel(const Value& idUtente)
+{
     clsAccessoDati dati;
     openReadOnly(dati, "Select LivelloRiservatezza FROM Utenti WHERE Id_Utente = " + idUtente.toText());
     return dati.Campo("LivelloRiservatezza", TipoNumero).toLong();
 }
 
-Collection readGroups(const Value& idUtente) {
+Collection readGroups(const Value& idUtente)
+{
     return readColumn("SELECT DISTINCT Fk_Gruppo FROM RelGruppiUtenti WHERE Fk_Id_Utente = " + idUtente.toText(),
                       "Fk_Gruppo", TipoTesto);
 }
 
-Collection readGroupMembers(const std::string& gruppo) {
+Collection readGroupMembers(const std::string& gruppo)
+{
     return readColumn("Select fk_id_Utente FROM RelGruppiUtenti WHERE Fk_Gruppo = " +
                           clsUtilitaDati::instance().FormattaTestoSql(gruppo),
                       "fk_id_Utente", TipoNumero);
@@ -69,25 +75,26 @@ Collection readGroupMembers(const std::string& gruppo) {
 
 // ---- Text building.
 
-std::string upperCase(std::string text) {
+std::string upperCase(std::string text)
+{
     std::transform(text.begin(), text.end(), text.begin(),
                    [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
     return text;
 }
 
-bool isGroup(const Value& gruppo, std::string_view name) {
-    return upperCase(gruppo.toText()) == name;
-}
+bool isGroup(const Value& gruppo, std::string_view name) { return upperCase(gruppo.toText()) == name; }
 
 // Lists are built by appending "item," for each item; the last comma goes.
 // Exactly one comma is dropped, whatever the text ends with before it.
-void dropOneTrailingComma(std::string& list) {
+void dropOneTrailingComma(std::string& list)
+{
     if (!list.empty() && list.back() == ',') {
         list.pop_back();
     }
 }
 
-std::string closeList(std::string list) {
+std::string closeList(std::string list)
+{
     dropOneTrailingComma(list);
     return list + ")";
 }
@@ -95,7 +102,8 @@ std::string closeList(std::string list) {
 // The key under which a member is filed in the list of users seen.
 // (Built by appending: GCC 12 at -O3 warns falsely on a short literal
 // joined in front of a temporary text.)
-std::string seenKey(const Value& member) {
+std::string seenKey(const Value& member)
+{
     std::string key = "K";
     key += member.toText();
     return key;
@@ -104,7 +112,8 @@ std::string seenKey(const Value& member) {
 // "(0," then every member of the user's groups once, in the order first met.
 // `seen` belongs to this one call, so a user who shares several groups with
 // the user is listed once.
-std::string membersOfGroups(const Value& idUtente, bool skipAdministration) {
+std::string membersOfGroups(const Value& idUtente, bool skipAdministration)
+{
     std::string list = "(0,";
     Collection seen;
     for (const Value& gruppo : readGroups(idUtente)) {
@@ -123,7 +132,8 @@ std::string membersOfGroups(const Value& idUtente, bool skipAdministration) {
 }
 
 // "(0," then every user of the table, in table order.
-std::string allUsers() {
+std::string allUsers()
+{
     std::string list = "(0,";
     clsAccessoDati dati;
     openReadOnly(dati, "Utenti");
@@ -134,7 +144,8 @@ std::string allUsers() {
     return closeList(list);
 }
 
-std::string visibleUsers(const Value& idUtente, std::int32_t level) {
+std::string visibleUsers(const Value& idUtente, std::int32_t level)
+{
     switch (level) {
     case fbUtente:
         return "(0," + idUtente.toText() + ")";
@@ -151,7 +162,8 @@ std::string visibleUsers(const Value& idUtente, std::int32_t level) {
 
 // The user's groups other than "TUTTI", each as an SQL literal, joined by
 // commas; empty when the user has no such group.
-std::string groupLiterals(const Value& idUtente) {
+std::string groupLiterals(const Value& idUtente)
+{
     std::string list;
     for (const Value& gruppo : readGroups(idUtente)) {
         if (!isGroup(gruppo, GruppoTutti)) {
@@ -164,7 +176,8 @@ std::string groupLiterals(const Value& idUtente) {
 
 // The id compared as a number: "2", 2 and 2.0 are the all-seeing user; a
 // value that is no number is not.
-bool isAllSeeingUser(const Value& idUtente) {
+bool isAllSeeingUser(const Value& idUtente)
+{
     try {
         return idUtente.toDouble() == AllSeeingUserId;
     } catch (const ValueError&) {
@@ -174,16 +187,18 @@ bool isAllSeeingUser(const Value& idUtente) {
 
 // The lenient number as a Long when it is a whole number that fits, so that
 // ids travel as ids; any other number as it was read.
-Value wholeWhenPossible(double number) {
+Value wholeWhenPossible(double number)
+{
     const bool whole = std::isfinite(number) && std::trunc(number) == number &&
-                       number >= static_cast<double>(std::numeric_limits<std::int32_t>::min()) &&
-                       number <= static_cast<double>(std::numeric_limits<std::int32_t>::max());
+        number >= static_cast<double>(std::numeric_limits<std::int32_t>::min()) &&
+        number <= static_cast<double>(std::numeric_limits<std::int32_t>::max());
     return whole ? Value(static_cast<std::int32_t>(number)) : Value(number);
 }
 
 } // namespace
 
-std::string clsUtenti::GetSqlRiservatezza(const Value& alIdUtente) const {
+std::string clsUtenti::GetSqlRiservatezza(const Value& alIdUtente) const
+{
     // The fallback is narrower than level 1 on purpose: without the public 0,
     // a user whose rights cannot be worked out sees only his own records.
     std::string ownIdAlone = "(";
@@ -196,19 +211,23 @@ std::string clsUtenti::GetSqlRiservatezza(const Value& alIdUtente) const {
     return withFallback(ownIdAlone, [&] { return visibleUsers(alIdUtente, level); });
 }
 
-std::int32_t clsUtenti::GetLivelloRiservatezza(const Value& alIdUtente) const {
+std::int32_t clsUtenti::GetLivelloRiservatezza(const Value& alIdUtente) const
+{
     return withFallback(std::int32_t{fbUtente}, [&] { return readLevel(alIdUtente); });
 }
 
-Collection clsUtenti::GetGruppiUtente(const Value& alIdUtente) const {
+Collection clsUtenti::GetGruppiUtente(const Value& alIdUtente) const
+{
     return withFallback(Collection{}, [&] { return readGroups(alIdUtente); });
 }
 
-Collection clsUtenti::GetUtentiDelGruppo(const std::string& aszGruppo) const {
+Collection clsUtenti::GetUtentiDelGruppo(const std::string& aszGruppo) const
+{
     return withFallback(Collection{}, [&] { return readGroupMembers(aszGruppo); });
 }
 
-std::string clsUtenti::GetSqlFiltroPratiche(const Value& avIdUtente) const {
+std::string clsUtenti::GetSqlFiltroPratiche(const Value& avIdUtente) const
+{
     const std::string id = avIdUtente.toText();
     std::string text = "((Id_Riservata IN (0," + id + "))  AND (fk_Gruppo IS NULL)) ";
     const std::string groups = groupLiterals(avIdUtente);
@@ -221,7 +240,8 @@ std::string clsUtenti::GetSqlFiltroPratiche(const Value& avIdUtente) const {
     return text;
 }
 
-bool clsUtenti::IsUtenteContabilita(const Value& avIdUtente) const {
+bool clsUtenti::IsUtenteContabilita(const Value& avIdUtente) const
+{
     return withFallback(false, [&] {
         return rowExists("SELECT Utenti.ID_Utente From Utenti "
                          "WHERE (((Utenti.ID_Utente) = " +
@@ -229,7 +249,8 @@ bool clsUtenti::IsUtenteContabilita(const Value& avIdUtente) const {
     });
 }
 
-bool clsUtenti::UtenteInGruppo(const Value& avIdUtente, const Value& avGruppo) const {
+bool clsUtenti::UtenteInGruppo(const Value& avIdUtente, const Value& avGruppo) const
+{
     return withFallback(false, [&] {
         return rowExists("Select fk_id_Utente FROM RelGruppiUtenti WHERE Fk_Gruppo = " +
                          clsUtilitaDati::instance().FormattaTestoSql(avGruppo.toText()) +
@@ -237,7 +258,8 @@ bool clsUtenti::UtenteInGruppo(const Value& avIdUtente, const Value& avGruppo) c
     });
 }
 
-Value clsUtenti::GetIdOfCurrentUser() const {
+Value clsUtenti::GetIdOfCurrentUser() const
+{
     return withFallback(Value(std::int32_t{1}), [] {
         const double number = numberLenient(SettingsStore::read(AppAvlor, SezioneShared, ChiaveIdUtente, "1"));
         // A number that overflowed every numeric type (Id_Utente=1e400) names
@@ -248,7 +270,8 @@ Value clsUtenti::GetIdOfCurrentUser() const {
     });
 }
 
-std::string clsUtenti::GetSqlFiltroAnagrafiche(const Value& avIdUtente) const {
+std::string clsUtenti::GetSqlFiltroAnagrafiche(const Value& avIdUtente) const
+{
     const std::string id = avIdUtente.toText();
     const std::string groups = groupLiterals(avIdUtente);
     std::string text = groups.empty() ? "(IdRiservata IN (0," + id + ") AND (fkGruppo IS NULL)) "

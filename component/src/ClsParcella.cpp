@@ -17,9 +17,9 @@ void ClsParcella::ShowDialogParcellazione(std::int32_t IdPratica, const std::str
                 std::to_string(IdPratica) + "); it will be completed in a later version.");
 }
 
-Currency ClsParcella::CalcolaTariffa(Currency& cValore, std::int16_t& vRil, std::string& sTabella,
-                                     std::int16_t& bInd, std::int32_t& idTariffa, Currency& MinTar, Currency& MaxTar,
-                                     Currency& MinS, Currency& MaxS, std::string& Autorita)
+Currency ClsParcella::CalcolaTariffa(Currency& cValore, std::int16_t& vRil, std::string& sTabella, std::int16_t& bInd,
+                                     std::int32_t& idTariffa, Currency& MinTar, Currency& MaxTar, Currency& MinS,
+                                     Currency& MaxS, std::string& Autorita)
 {
     // The host is never handed an error by the pricing: whatever fails inside,
     // the operation answers 0.

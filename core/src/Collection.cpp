@@ -17,7 +17,7 @@ const Value& Collection::Item(std::size_t index) const
 {
     if (index < 1 || index > items_.size())
         throw UsageError("Collection: index " + std::to_string(index) + " is outside 1.." +
-                                std::to_string(items_.size()));
+                         std::to_string(items_.size()));
     return items_[index - 1];
 }
 

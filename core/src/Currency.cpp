@@ -93,7 +93,8 @@ Currency Currency::fromText(std::string_view text)
     const std::string_view trimmed = trimBlanks(text);
     const auto number = detail::scanNumber(trimmed);
     if (!number || number->length != trimmed.size())
-        throw ValueError(ValueError::Kind::TypeMismatch, "Type mismatch: \"" + std::string(text) + "\" is not an amount");
+        throw ValueError(ValueError::Kind::TypeMismatch,
+                         "Type mismatch: \"" + std::string(text) + "\" is not an amount");
 
     std::string digits(number->integerDigits);
     digits += number->fractionDigits;
@@ -101,8 +102,8 @@ Currency Currency::fromText(std::string_view text)
     if (firstSignificant == std::string::npos)
         return Currency();
     // Power of ten by which the digit string must be multiplied to count ten-thousandths.
-    long long shift = static_cast<long long>(number->exponent) + 4
-                      - static_cast<long long>(number->fractionDigits.size());
+    long long shift =
+        static_cast<long long>(number->exponent) + 4 - static_cast<long long>(number->fractionDigits.size());
     digits.erase(0, firstSignificant);
 
     std::string_view kept = digits;

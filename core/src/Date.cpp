@@ -123,16 +123,17 @@ Date Date::fromDayCount(std::int32_t days)
     // Outside years 1 to 9999 a date would have no four-digit year to be
     // shown or stored with.
     if (days < FirstDayCount || days > LastDayCount)
-        throw ValueError(ValueError::Kind::Overflow, "Overflow: day " + std::to_string(days) +
-                                                         " is outside the dates 01/01/0001 to 31/12/9999");
+        throw ValueError(ValueError::Kind::Overflow,
+                         "Overflow: day " + std::to_string(days) + " is outside the dates 01/01/0001 to 31/12/9999");
     return Date(days);
 }
 
 Date Date::fromYmd(int year, int month, int day)
 {
     if (!isValidYmd(year, month, day))
-        throw ValueError(ValueError::Kind::InvalidDate, "Invalid date: year " + std::to_string(year) + ", month " +
-                                                            std::to_string(month) + ", day " + std::to_string(day));
+        throw ValueError(ValueError::Kind::InvalidDate,
+                         "Invalid date: year " + std::to_string(year) + ", month " + std::to_string(month) + ", day " +
+                             std::to_string(day));
     return dateOf(year, month, day);
 }
 

@@ -269,18 +269,19 @@ Date Value::toDate() const
             overflow(std::to_string(days), "a date");
         return Date::fromDayCount(static_cast<std::int32_t>(whole));
     };
-    return std::visit(Overloaded{
-                          [](std::monostate) { return Date(); },
-                          [](NullTag) -> Date { invalidUseOfNull(); },
-                          [](BoolBox b) { return Date::fromDayCount(b.value ? -1 : 0); },
-                          [](std::int16_t i) { return Date::fromDayCount(i); },
-                          [](std::int32_t l) { return Date::fromDayCount(l); },
-                          [&](double d) { return fromDays(d); },
-                          [](Currency c) { return Date::fromDayCount(wholeFromInt64<std::int32_t>(c.raw() / Currency::Scale)); },
-                          [](Date d) { return d; },
-                          [](const std::string& s) { return Date::fromDayFirst(s); },
-                      },
-                      storage_);
+    return std::visit(
+        Overloaded{
+            [](std::monostate) { return Date(); },
+            [](NullTag) -> Date { invalidUseOfNull(); },
+            [](BoolBox b) { return Date::fromDayCount(b.value ? -1 : 0); },
+            [](std::int16_t i) { return Date::fromDayCount(i); },
+            [](std::int32_t l) { return Date::fromDayCount(l); },
+            [&](double d) { return fromDays(d); },
+            [](Currency c) { return Date::fromDayCount(wholeFromInt64<std::int32_t>(c.raw() / Currency::Scale)); },
+            [](Date d) { return d; },
+            [](const std::string& s) { return Date::fromDayFirst(s); },
+        },
+        storage_);
 }
 
 std::string Value::toText(const Locale& locale) const
@@ -394,7 +395,8 @@ Value add(const Value& a, const Value& b)
     // when it does not fit.
     const std::int64_t sum = wholeOf(x) + wholeOf(y);
     const bool bothInteger = kx == ValueKind::Integer && ky == ValueKind::Integer;
-    if (bothInteger && sum >= std::numeric_limits<std::int16_t>::min() && sum <= std::numeric_limits<std::int16_t>::max())
+    if (bothInteger && sum >= std::numeric_limits<std::int16_t>::min() &&
+        sum <= std::numeric_limits<std::int16_t>::max())
         return Value::integer(static_cast<std::int16_t>(sum));
     if (sum >= std::numeric_limits<std::int32_t>::min() && sum <= std::numeric_limits<std::int32_t>::max())
         return Value::longValue(static_cast<std::int32_t>(sum));

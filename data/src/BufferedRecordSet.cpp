@@ -10,7 +10,8 @@ namespace avlor {
 
 namespace {
 
-bool sameName(const std::string& a, const std::string& b) {
+bool sameName(const std::string& a, const std::string& b)
+{
     return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
                return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
            });
@@ -19,7 +20,8 @@ bool sameName(const std::string& a, const std::string& b) {
 } // namespace
 
 BufferedRecordSet::BufferedRecordSet(std::unique_ptr<RowSource> source, Mode mode, Fetch fetch)
-    : source_(std::move(source)), mode_(mode) {
+    : source_(std::move(source)), mode_(mode)
+{
     if (fetch == Fetch::Now) {
         ensureFetched();
     }
@@ -27,7 +29,8 @@ BufferedRecordSet::BufferedRecordSet(std::unique_ptr<RowSource> source, Mode mod
 
 void BufferedRecordSet::fail(const std::string& message) const { throw DataError(message, source_->statement()); }
 
-void BufferedRecordSet::ensureFetched() const {
+void BufferedRecordSet::ensureFetched() const
+{
     if (fetched_) {
         return;
     }
@@ -53,23 +56,27 @@ void BufferedRecordSet::ensureFetched() const {
     }
 }
 
-void BufferedRecordSet::skipDeleted() const {
+void BufferedRecordSet::skipDeleted() const
+{
     while (position_ < rows_.size() && rows_[position_].deleted) {
         ++position_;
     }
 }
 
-bool BufferedRecordSet::Eof() const {
+bool BufferedRecordSet::Eof() const
+{
     ensureFetched();
     return position_ >= rows_.size();
 }
 
-bool BufferedRecordSet::Bof() const {
+bool BufferedRecordSet::Bof() const
+{
     ensureFetched();
     return std::none_of(rows_.begin(), rows_.end(), [](const Row& row) { return !row.deleted; });
 }
 
-void BufferedRecordSet::MoveNext() {
+void BufferedRecordSet::MoveNext()
+{
     commitPending();
     ensureFetched();
     if (position_ >= rows_.size()) {
@@ -79,20 +86,23 @@ void BufferedRecordSet::MoveNext() {
     skipDeleted();
 }
 
-void BufferedRecordSet::MoveFirst() {
+void BufferedRecordSet::MoveFirst()
+{
     commitPending();
     ensureFetched();
     position_ = 0;
     skipDeleted();
 }
 
-std::int32_t BufferedRecordSet::RecordCount() const {
+std::int32_t BufferedRecordSet::RecordCount() const
+{
     ensureFetched();
     const auto count = std::count_if(rows_.begin(), rows_.end(), [](const Row& row) { return !row.deleted; });
     return static_cast<std::int32_t>(std::min<std::ptrdiff_t>(count, std::numeric_limits<std::int32_t>::max()));
 }
 
-void BufferedRecordSet::requireWritable() const {
+void BufferedRecordSet::requireWritable() const
+{
     if (mode_ == Mode::ReadOnly) {
         fail("The record set was opened read-only");
     }
@@ -101,20 +111,23 @@ void BufferedRecordSet::requireWritable() const {
     }
 }
 
-void BufferedRecordSet::commitPending() {
+void BufferedRecordSet::commitPending()
+{
     if (adding_ || !pending_.empty()) {
         Update();
     }
 }
 
-void BufferedRecordSet::AddNew() {
+void BufferedRecordSet::AddNew()
+{
     requireWritable();
     commitPending();
     adding_ = true;
     pending_.clear();
 }
 
-void BufferedRecordSet::Update() {
+void BufferedRecordSet::Update()
+{
     requireWritable();
     if (adding_) {
         FetchedRow added = source_->insert(pending_);
@@ -135,7 +148,8 @@ void BufferedRecordSet::Update() {
     pending_.clear();
 }
 
-void BufferedRecordSet::Delete() {
+void BufferedRecordSet::Delete()
+{
     requireWritable();
     if (adding_) {
         fail("No current row to delete: a new row is being added");
@@ -146,7 +160,8 @@ void BufferedRecordSet::Delete() {
     pending_.clear();
 }
 
-std::size_t BufferedRecordSet::fieldIndex(const std::string& name) const {
+std::size_t BufferedRecordSet::fieldIndex(const std::string& name) const
+{
     const std::vector<std::string>& names = source_->fieldNames();
     for (std::size_t i = 0; i < names.size(); ++i) {
         if (sameName(names[i], name)) {
@@ -156,7 +171,8 @@ std::size_t BufferedRecordSet::fieldIndex(const std::string& name) const {
     fail("Unknown field '" + name + "'");
 }
 
-BufferedRecordSet::Row& BufferedRecordSet::currentRow() const {
+BufferedRecordSet::Row& BufferedRecordSet::currentRow() const
+{
     if (!fetched_ && position_ >= rows_.size()) {
         ensureFetched();
     }
@@ -169,7 +185,8 @@ BufferedRecordSet::Row& BufferedRecordSet::currentRow() const {
     return rows_[position_];
 }
 
-Value BufferedRecordSet::Field(const std::string& name) const {
+Value BufferedRecordSet::Field(const std::string& name) const
+{
     const std::size_t index = fieldIndex(name);
     const auto pending =
         std::find_if(pending_.begin(), pending_.end(), [&](const auto& change) { return change.first == index; });
@@ -180,7 +197,8 @@ Value BufferedRecordSet::Field(const std::string& name) const {
     return pending != pending_.end() ? pending->second : row.values[index];
 }
 
-void BufferedRecordSet::SetField(const std::string& name, const Value& value) {
+void BufferedRecordSet::SetField(const std::string& name, const Value& value)
+{
     requireWritable();
     const std::size_t index = fieldIndex(name);
     if (!adding_) {

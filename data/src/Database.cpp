@@ -25,17 +25,20 @@ struct Registry {
     std::map<std::string, std::shared_ptr<Connection>> pool;
 };
 
-Registry& registry() {
+Registry& registry()
+{
     static Registry instance;
     return instance;
 }
 
-std::string environment(const char* name) {
+std::string environment(const char* name)
+{
     const char* value = std::getenv(name);
     return value != nullptr ? std::string(value) : std::string();
 }
 
-void requireLocation(const std::string& location) {
+void requireLocation(const std::string& location)
+{
     if (location.empty()) {
         throw DataError("No database location given");
     }
@@ -43,21 +46,24 @@ void requireLocation(const std::string& location) {
 
 // The backend of a location: a "postgresql://" or "postgres://" URI names a
 // database on a PostgreSQL server; anything else is a SQLite file.
-std::shared_ptr<Connection> openDatabase(const std::string& location) {
+std::shared_ptr<Connection> openDatabase(const std::string& location)
+{
     if (isPgLocation(location)) {
         return PgConnection::connect(location);
     }
     return SqliteConnection::connect(location);
 }
 
-std::shared_ptr<Connection> makeDatabase(const std::string& location) {
+std::shared_ptr<Connection> makeDatabase(const std::string& location)
+{
     if (isPgLocation(location)) {
         return createPgPracticeDatabase(location);
     }
     return createSqlitePracticeDatabase(location);
 }
 
-std::string homeFolder() {
+std::string homeFolder()
+{
     std::string home = environment("HOME");
     if (home.empty()) {
         if (const passwd* entry = getpwuid(getuid()); entry != nullptr && entry->pw_dir != nullptr) {
@@ -69,19 +75,22 @@ std::string homeFolder() {
 
 } // namespace
 
-void setCurrentDatabase(const std::string& location) {
+void setCurrentDatabase(const std::string& location)
+{
     Registry& r = registry();
     const std::lock_guard lock(r.mutex);
     r.setByHost = location;
 }
 
-std::string databaseSetByHost() {
+std::string databaseSetByHost()
+{
     Registry& r = registry();
     const std::lock_guard lock(r.mutex);
     return r.setByHost;
 }
 
-std::string defaultDatabaseLocation() {
+std::string defaultDatabaseLocation()
+{
     // The XDG base-directory rules ignore a relative XDG_DATA_HOME.
     std::string data = environment("XDG_DATA_HOME");
     if (data.empty() || data.front() != '/') {
@@ -90,7 +99,8 @@ std::string defaultDatabaseLocation() {
     return data + "/avlor/avlor.db";
 }
 
-std::string currentDatabase() {
+std::string currentDatabase()
+{
     if (std::string location = databaseSetByHost(); !location.empty()) {
         return location;
     }
@@ -100,7 +110,8 @@ std::string currentDatabase() {
     return defaultDatabaseLocation();
 }
 
-std::shared_ptr<Connection> connectionFor(const std::string& location) {
+std::shared_ptr<Connection> connectionFor(const std::string& location)
+{
     Registry& r = registry();
     const std::lock_guard lock(r.mutex);
     if (const auto found = r.pool.find(location); found != r.pool.end()) {
@@ -112,7 +123,8 @@ std::shared_ptr<Connection> connectionFor(const std::string& location) {
     return connection;
 }
 
-void closeConnections() {
+void closeConnections()
+{
     std::map<std::string, std::shared_ptr<Connection>> closing;
     Registry& r = registry();
     {
@@ -121,7 +133,8 @@ void closeConnections() {
     }
 }
 
-void closeConnections(const std::string& location) {
+void closeConnections(const std::string& location)
+{
     std::shared_ptr<Connection> closing;
     Registry& r = registry();
     const std::lock_guard lock(r.mutex);
@@ -131,7 +144,8 @@ void closeConnections(const std::string& location) {
     }
 }
 
-void createPracticeDatabase(const std::string& location) {
+void createPracticeDatabase(const std::string& location)
+{
     requireLocation(location);
     Registry& r = registry();
     const std::lock_guard lock(r.mutex);
@@ -143,7 +157,8 @@ void createPracticeDatabase(const std::string& location) {
 
 bool isServerLocation(const std::string& location) { return isPgLocation(location); }
 
-void requirePracticeDatabase(const std::string& location) {
+void requirePracticeDatabase(const std::string& location)
+{
     requireLocation(location);
     if (!isPgLocation(location)) {
         requireSqlitePracticeDatabase(location);
@@ -164,7 +179,8 @@ void requirePracticeDatabase(const std::string& location) {
     }
 }
 
-std::optional<std::filesystem::path> databaseFile(const std::string& location) {
+std::optional<std::filesystem::path> databaseFile(const std::string& location)
+{
     if (isPgLocation(location)) {
         return std::nullopt;
     }
@@ -175,14 +191,16 @@ std::optional<std::filesystem::path> databaseFile(const std::string& location) {
     return where.file;
 }
 
-void removeDatabaseFiles(const std::string& location) {
+void removeDatabaseFiles(const std::string& location)
+{
     closeConnections(location);
     if (const auto file = databaseFile(location)) {
         removeSqliteFiles(*file);
     }
 }
 
-std::string shownLocation(const std::string& location) {
+std::string shownLocation(const std::string& location)
+{
     return isPgLocation(location) ? shownPgLocation(location) : location;
 }
 

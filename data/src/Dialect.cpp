@@ -12,7 +12,8 @@ namespace avlor {
 
 namespace {
 
-bool isTerminatedString(const SqlToken& token) {
+bool isTerminatedString(const SqlToken& token)
+{
     return token.kind == SqlTokenKind::String && token.text.size() >= 2 && token.text.back() == '\'';
 }
 
@@ -24,7 +25,8 @@ struct DateForm {
     std::string text;
 };
 
-std::optional<DateForm> matchDateForm(const std::vector<SqlToken>& tokens, std::size_t i) {
+std::optional<DateForm> matchDateForm(const std::vector<SqlToken>& tokens, std::size_t i)
+{
     if (!isKeyword(tokens[i], "CONVERT")) {
         return std::nullopt;
     }
@@ -62,7 +64,8 @@ std::optional<DateForm> matchDateForm(const std::vector<SqlToken>& tokens, std::
 
 // A bare true / false used as a value: not a qualified name's part and not
 // a function name.
-bool isBareBoolean(const std::vector<SqlToken>& tokens, std::size_t i) {
+bool isBareBoolean(const std::vector<SqlToken>& tokens, std::size_t i)
+{
     if (!isKeyword(tokens[i], "TRUE") && !isKeyword(tokens[i], "FALSE")) {
         return false;
     }
@@ -74,7 +77,8 @@ bool isBareBoolean(const std::vector<SqlToken>& tokens, std::size_t i) {
 }
 
 // Style 105 is day-month-year, with '-', '.' or '/' between the parts.
-std::string dayFirstWithSlashes(std::string text) {
+std::string dayFirstWithSlashes(std::string text)
+{
     std::replace_if(
         text.begin(), text.end(), [](char c) { return c == '-' || c == '.'; }, '/');
     return text;
@@ -82,14 +86,16 @@ std::string dayFirstWithSlashes(std::string text) {
 
 } // namespace
 
-bool Dialect::isBareTableName(std::string_view source) {
+bool Dialect::isBareTableName(std::string_view source)
+{
     const std::string_view name = trimBlanks(source);
     const std::vector<SqlToken> tokens = lexSql(name);
     return tokens.size() == 1 && tokens[0].kind == SqlTokenKind::Word &&
-           std::isdigit(static_cast<unsigned char>(name.front())) == 0;
+        std::isdigit(static_cast<unsigned char>(name.front())) == 0;
 }
 
-std::string Dialect::quoteIdentifier(std::string_view name) {
+std::string Dialect::quoteIdentifier(std::string_view name)
+{
     std::string quoted = "\"";
     for (const char c : name) {
         quoted += c;
@@ -101,7 +107,8 @@ std::string Dialect::quoteIdentifier(std::string_view name) {
     return quoted;
 }
 
-std::string Dialect::translate(std::string_view source) const {
+std::string Dialect::translate(std::string_view source) const
+{
     if (isBareTableName(source)) {
         return "SELECT * FROM " + std::string(trimBlanks(source));
     }
@@ -134,7 +141,8 @@ std::string Dialect::translate(std::string_view source) const {
     return result;
 }
 
-std::vector<std::string> Dialect::splitScript(std::string_view script) {
+std::vector<std::string> Dialect::splitScript(std::string_view script)
+{
     std::vector<std::string> statements;
     std::string current;
     bool meaningful = false;

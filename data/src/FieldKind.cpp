@@ -13,7 +13,8 @@ namespace avlor {
 
 namespace {
 
-Value asNumber(const Value& stored) {
+Value asNumber(const Value& stored)
+{
     switch (stored.kind()) {
     case ValueKind::Boolean:
         return Value::integer(stored.asBoolean() ? std::int16_t{-1} : std::int16_t{0});
@@ -32,7 +33,8 @@ Value asNumber(const Value& stored) {
     }
 }
 
-Value asDate(const Value& stored) {
+Value asDate(const Value& stored)
+{
     if (stored.kind() == ValueKind::Text) {
         if (const auto dayFirst = Date::parseDayFirst(stored.asText())) {
             return Value::date(*dayFirst);
@@ -47,7 +49,8 @@ Value asDate(const Value& stored) {
 
 } // namespace
 
-Value valueOfKind(const Value& stored, std::int32_t tipoCampo) {
+Value valueOfKind(const Value& stored, std::int32_t tipoCampo)
+{
     if (stored.isNull() || stored.isEmpty()) {
         return stored;
     }

@@ -20,7 +20,8 @@ void removeFileAndCompanions(const std::filesystem::path& file) noexcept { remov
 
 // Removes the databases in the making of runs that were killed: those whose
 // process is gone.
-void removeAbandoned(const std::filesystem::path& folder, const std::string& hidden) noexcept {
+void removeAbandoned(const std::filesystem::path& folder, const std::string& hidden) noexcept
+{
     std::error_code error;
     for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
         const std::string name = entry.path().filename().string();
@@ -40,7 +41,8 @@ void removeAbandoned(const std::filesystem::path& folder, const std::string& hid
 
 } // namespace
 
-NewPracticeDatabase::NewPracticeDatabase(std::string location) : location_(std::move(location)) {
+NewPracticeDatabase::NewPracticeDatabase(std::string location) : location_(std::move(location))
+{
     if (location_.empty()) {
         throw DataError("No database location given");
     }
@@ -100,13 +102,15 @@ NewPracticeDatabase::NewPracticeDatabase(std::string location) : location_(std::
     }
 }
 
-NewPracticeDatabase::~NewPracticeDatabase() {
+NewPracticeDatabase::~NewPracticeDatabase()
+{
     if (!published_) {
         discard();
     }
 }
 
-void NewPracticeDatabase::grantWorkstationRole(const std::string& role) {
+void NewPracticeDatabase::grantWorkstationRole(const std::string& role)
+{
     if (server_ == nullptr) {
         throw DataError("Workstation roles exist on a PostgreSQL server only", location_);
     }
@@ -129,7 +133,8 @@ void NewPracticeDatabase::grantWorkstationRole(const std::string& role) {
     }
 }
 
-void NewPracticeDatabase::publish() {
+void NewPracticeDatabase::publish()
+{
     if (server_ != nullptr) {
         try {
             server_->commitHeldTransaction();
@@ -162,7 +167,8 @@ void NewPracticeDatabase::publish() {
     removeFileAndCompanions(fill_);
 }
 
-void NewPracticeDatabase::discard() noexcept {
+void NewPracticeDatabase::discard() noexcept
+{
     if (server_ != nullptr) {
         server_->rollbackHeldTransaction();
         return;

@@ -7,12 +7,14 @@ namespace avlor {
 
 namespace {
 
-bool isWordStart(char c) noexcept {
+bool isWordStart(char c) noexcept
+{
     const auto u = static_cast<unsigned char>(c);
     return std::isalpha(u) != 0 || c == '_' || u >= 0x80;
 }
 
-bool isWordChar(char c) noexcept {
+bool isWordChar(char c) noexcept
+{
     const auto u = static_cast<unsigned char>(c);
     return std::isalnum(u) != 0 || c == '_' || c == '$' || u >= 0x80;
 }
@@ -23,7 +25,8 @@ bool isBlank(char c) noexcept { return std::isspace(static_cast<unsigned char>(c
 
 // End of a quoted run starting at `start` (the opening quote), where a doubled
 // closing quote stands for itself.
-std::size_t quotedEnd(std::string_view sql, std::size_t start, char close) {
+std::size_t quotedEnd(std::string_view sql, std::size_t start, char close)
+{
     std::size_t i = start + 1;
     while (i < sql.size()) {
         if (sql[i] == close) {
@@ -40,7 +43,8 @@ std::size_t quotedEnd(std::string_view sql, std::size_t start, char close) {
 
 } // namespace
 
-std::vector<SqlToken> lexSql(std::string_view sql) {
+std::vector<SqlToken> lexSql(std::string_view sql)
+{
     std::vector<SqlToken> tokens;
     int depth = 0;
     std::size_t i = 0;
@@ -90,7 +94,8 @@ std::vector<SqlToken> lexSql(std::string_view sql) {
     return tokens;
 }
 
-bool isKeyword(const SqlToken& token, std::string_view keyword) noexcept {
+bool isKeyword(const SqlToken& token, std::string_view keyword) noexcept
+{
     if (token.kind != SqlTokenKind::Word || token.text.size() != keyword.size()) {
         return false;
     }
@@ -103,11 +108,13 @@ bool isKeyword(const SqlToken& token, std::string_view keyword) noexcept {
     return true;
 }
 
-bool isFiller(const SqlToken& token) noexcept {
+bool isFiller(const SqlToken& token) noexcept
+{
     return token.kind == SqlTokenKind::Blank || token.kind == SqlTokenKind::Comment;
 }
 
-bool isAnyKeyword(const SqlToken& token, std::initializer_list<const char*> keywords) noexcept {
+bool isAnyKeyword(const SqlToken& token, std::initializer_list<const char*> keywords) noexcept
+{
     for (const char* keyword : keywords) {
         if (isKeyword(token, keyword)) {
             return true;
@@ -116,18 +123,21 @@ bool isAnyKeyword(const SqlToken& token, std::initializer_list<const char*> keyw
     return false;
 }
 
-std::size_t nextMeaningful(const std::vector<SqlToken>& tokens, std::size_t i) noexcept {
+std::size_t nextMeaningful(const std::vector<SqlToken>& tokens, std::size_t i) noexcept
+{
     while (i < tokens.size() && isFiller(tokens[i])) {
         ++i;
     }
     return i;
 }
 
-bool isSymbol(const std::vector<SqlToken>& tokens, std::size_t i, char symbol) noexcept {
+bool isSymbol(const std::vector<SqlToken>& tokens, std::size_t i, char symbol) noexcept
+{
     return i < tokens.size() && tokens[i].kind == SqlTokenKind::Symbol && tokens[i].text[0] == symbol;
 }
 
-std::string unquoteString(std::string_view literal) {
+std::string unquoteString(std::string_view literal)
+{
     std::string text;
     if (literal.size() < 2) {
         return text;

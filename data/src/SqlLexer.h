@@ -13,19 +13,19 @@
 namespace avlor {
 
 enum class SqlTokenKind {
-    Blank,      // spaces, tabs, line ends
-    Comment,    // -- to the end of the line, or /* ... */
-    Word,       // keywords and names
-    Number,     // 105, 12.5
-    String,     // 'text', with '' inside
+    Blank, // spaces, tabs, line ends
+    Comment, // -- to the end of the line, or /* ... */
+    Word, // keywords and names
+    Number, // 105, 12.5
+    String, // 'text', with '' inside
     QuotedName, // "name", [name] or `name`
-    Symbol,     // any other single character
+    Symbol, // any other single character
 };
 
 struct SqlToken {
     SqlTokenKind kind;
     std::string_view text; // a view into the lexed statement
-    int depth;             // parentheses open before the token
+    int depth; // parentheses open before the token
 };
 
 [[nodiscard]] std::vector<SqlToken> lexSql(std::string_view sql);

@@ -9,14 +9,16 @@
 
 namespace avlor {
 
-std::optional<Date> isoDatePrefix(std::string_view text) {
+std::optional<Date> isoDatePrefix(std::string_view text)
+{
     if (text.size() > 10 && (text[10] == ' ' || text[10] == 'T')) {
         text = text.substr(0, 10);
     }
     return Date::parseIso(text);
 }
 
-Date storedDate(const Value& value) {
+Date storedDate(const Value& value)
+{
     if (value.kind() == ValueKind::Text) {
         if (const auto iso = isoDatePrefix(value.asText())) {
             return *iso;
@@ -25,7 +27,8 @@ Date storedDate(const Value& value) {
     return value.toDate();
 }
 
-Value storedWholeNumber(const Value& value) {
+Value storedWholeNumber(const Value& value)
+{
     switch (value.kind()) {
     case ValueKind::Boolean:
     case ValueKind::Integer:

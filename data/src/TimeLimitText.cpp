@@ -4,7 +4,8 @@
 
 namespace avlor {
 
-std::string timeLimitText(std::chrono::milliseconds limit) {
+std::string timeLimitText(std::chrono::milliseconds limit)
+{
     if (limit.count() % 1000 == 0) {
         const auto seconds = limit.count() / 1000;
         return std::to_string(seconds) + (seconds == 1 ? " second" : " seconds");

@@ -10,11 +10,13 @@ namespace avlor {
 namespace {
 
 // The two opening modes the application uses, and no others.
-bool isReadOnlyMode(std::int32_t cursorType, std::int32_t lockType, std::int32_t options) {
+bool isReadOnlyMode(std::int32_t cursorType, std::int32_t lockType, std::int32_t options)
+{
     return cursorType == adOpenForwardOnly && lockType == adLockReadOnly && options == adCmdUnspecified;
 }
 
-bool isEditableMode(std::int32_t cursorType, std::int32_t lockType, std::int32_t options) {
+bool isEditableMode(std::int32_t cursorType, std::int32_t lockType, std::int32_t options)
+{
     return cursorType == adOpenKeyset && lockType == adLockOptimistic && options == adCmdUnspecified;
 }
 
@@ -22,12 +24,13 @@ bool isEditableMode(std::int32_t cursorType, std::int32_t lockType, std::int32_t
 
 clsAccessoDati::clsAccessoDati() = default;
 
-clsAccessoDati::clsAccessoDati(std::shared_ptr<Connection> connection) : connection_(std::move(connection)) {}
+clsAccessoDati::clsAccessoDati(std::shared_ptr<Connection> connection) : connection_(std::move(connection)) { }
 
 clsAccessoDati::~clsAccessoDati() = default;
 
 std::shared_ptr<RecordSet> clsAccessoDati::Apri(const std::string& source, std::int32_t cursorType,
-                                                std::int32_t lockType, std::int32_t options) {
+                                                std::int32_t lockType, std::int32_t options)
+{
     const bool editable = isEditableMode(cursorType, lockType, options);
     if (!editable && !isReadOnlyMode(cursorType, lockType, options)) {
         throw DataError("Unsupported opening mode " + std::to_string(cursorType) + ", " + std::to_string(lockType) +
@@ -44,14 +47,16 @@ std::shared_ptr<RecordSet> clsAccessoDati::Apri(const std::string& source, std::
     return current_;
 }
 
-RecordSet& clsAccessoDati::Recordset() {
+RecordSet& clsAccessoDati::Recordset()
+{
     if (!current_) {
         throw DataError("No record set is open");
     }
     return *current_;
 }
 
-Value clsAccessoDati::Campo(const std::string& name, std::int32_t tipoCampo) {
+Value clsAccessoDati::Campo(const std::string& name, std::int32_t tipoCampo)
+{
     return valueOfKind(Recordset().Field(name), tipoCampo);
 }
 

@@ -2,12 +2,14 @@
 
 namespace avlor {
 
-clsUtilitaDati& clsUtilitaDati::instance() {
+clsUtilitaDati& clsUtilitaDati::instance()
+{
     static clsUtilitaDati utilities;
     return utilities;
 }
 
-std::string clsUtilitaDati::FormattaTestoSql(const std::string& text) const {
+std::string clsUtilitaDati::FormattaTestoSql(const std::string& text) const
+{
     std::string literal = "'";
     for (const char c : text) {
         literal += c;
@@ -19,7 +21,8 @@ std::string clsUtilitaDati::FormattaTestoSql(const std::string& text) const {
     return literal;
 }
 
-bool clsUtilitaDati::EsisteInCollezione(const Collection& collection, const std::string& key) const {
+bool clsUtilitaDati::EsisteInCollezione(const Collection& collection, const std::string& key) const
+{
     return collection.ContainsKey(key);
 }
 

@@ -5,12 +5,14 @@
 
 namespace avlor {
 
-clsValoreSql& clsValoreSql::instance() {
+clsValoreSql& clsValoreSql::instance()
+{
     static clsValoreSql values;
     return values;
 }
 
-Value clsValoreSql::ValoreSql(const std::string& statement) const {
+Value clsValoreSql::ValoreSql(const std::string& statement) const
+{
     return connectionFor(currentDatabase())->singleValue(statement);
 }
 

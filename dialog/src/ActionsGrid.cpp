@@ -105,14 +105,8 @@ void frmOKParcella::RiempiGriglia(bool bTariffa)
     setGridRows(std::move(rows));
 }
 
-void frmOKParcella::AggiornaGriglia()
-{
-    RiempiGriglia(!isOn("optOraria"));
-}
+void frmOKParcella::AggiornaGriglia() { RiempiGriglia(!isOn("optOraria")); }
 
-void frmOKParcella::chkMosTut_Click()
-{
-    AggiornaGriglia();
-}
+void frmOKParcella::chkMosTut_Click() { AggiornaGriglia(); }
 
 } // namespace avlor::dialog

@@ -2,9 +2,6 @@
 
 namespace avlor::dialog {
 
-Date SystemClock::today() const
-{
-    return Date::today();
-}
+Date SystemClock::today() const { return Date::today(); }
 
 } // namespace avlor::dialog

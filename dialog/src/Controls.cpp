@@ -130,10 +130,7 @@ const std::vector<std::string>& controlNames()
     return names;
 }
 
-std::vector<Control> initialControls()
-{
-    return layout();
-}
+std::vector<Control> initialControls() { return layout(); }
 
 const std::vector<std::string>& gridFieldNames()
 {

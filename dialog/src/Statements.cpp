@@ -4,10 +4,7 @@ namespace avlor::dialog::sql {
 
 namespace {
 
-std::string filtroTariffa(bool bTariffa)
-{
-    return bTariffa ? " AND IsTariffa = 'TRUE' " : " AND IsTariffa = 'FALSE' ";
-}
+std::string filtroTariffa(bool bTariffa) { return bTariffa ? " AND IsTariffa = 'TRUE' " : " AND IsTariffa = 'FALSE' "; }
 
 } // namespace
 
@@ -15,23 +12,14 @@ std::string casoPratica(std::int32_t idPratica)
 {
     // Two pieces joined as they stand: hence the two blanks before WHERE.
     return std::string("SELECT Valuta,Valore,Cambio,Rilevanza,Autorita FROM Pratica ") +
-           " WHERE ID_Pra = " + std::to_string(idPratica);
+        " WHERE ID_Pra = " + std::to_string(idPratica);
 }
 
-std::string configGenerale()
-{
-    return "SELECT * FROM ConfigGenerale";
-}
+std::string configGenerale() { return "SELECT * FROM ConfigGenerale"; }
 
-std::string utenti()
-{
-    return "SELECT * FROM Utenti ORDER BY ID_Utente";
-}
+std::string utenti() { return "SELECT * FROM Utenti ORDER BY ID_Utente"; }
 
-std::string dataSql(const std::string& dayFirst)
-{
-    return "CONVERT (SMALLDATETIME,'" + dayFirst + "', 105) ";
-}
+std::string dataSql(const std::string& dayFirst) { return "CONVERT (SMALLDATETIME,'" + dayFirst + "', 105) "; }
 
 std::string proponiNOrdine(std::int32_t idPratica, const std::string& dayFirst, bool bTariffa, bool bNuova,
                            std::int32_t idAzione)
@@ -49,20 +37,14 @@ std::string proponiNOrdine(std::int32_t idPratica, const std::string& dayFirst, 
 std::string griglia(std::int32_t idPratica, bool bTariffa)
 {
     return std::string("SELECT Azioni.*, Utenti.NomeUtente ") +
-           "FROM Utenti INNER JOIN Azioni ON Utenti.ID_Utente = "
-           "Azioni.IdEseguitoDa" +
-           " WHERE IdPra = " + std::to_string(idPratica) + filtroTariffa(bTariffa) + " ORDER BY NOrdine ";
+        "FROM Utenti INNER JOIN Azioni ON Utenti.ID_Utente = "
+        "Azioni.IdEseguitoDa" +
+        " WHERE IdPra = " + std::to_string(idPratica) + filtroTariffa(bTariffa) + " ORDER BY NOrdine ";
 }
 
-std::string codiciTariffa(const std::string& tabella)
-{
-    return "SELECT * FROM " + tabella + " ORDER BY CodiceTariffa";
-}
+std::string codiciTariffa(const std::string& tabella) { return "SELECT * FROM " + tabella + " ORDER BY CodiceTariffa"; }
 
-std::string vociTariffa(const std::string& tabella)
-{
-    return "SELECT * FROM " + tabella + " ORDER BY Azione";
-}
+std::string vociTariffa(const std::string& tabella) { return "SELECT * FROM " + tabella + " ORDER BY Azione"; }
 
 std::string parcelleBaseCodice(bool penali, bool autorita)
 {

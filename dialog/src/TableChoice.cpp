@@ -5,25 +5,13 @@
 
 namespace avlor::dialog {
 
-void frmOKParcella::optDiritti_Click()
-{
-    ScegliFamiglia("optDiritti");
-}
+void frmOKParcella::optDiritti_Click() { ScegliFamiglia("optDiritti"); }
 
-void frmOKParcella::optOnorari_Click()
-{
-    ScegliFamiglia("optOnorari");
-}
+void frmOKParcella::optOnorari_Click() { ScegliFamiglia("optOnorari"); }
 
-void frmOKParcella::optPenale_Click()
-{
-    ScegliFamiglia("optPenale");
-}
+void frmOKParcella::optPenale_Click() { ScegliFamiglia("optPenale"); }
 
-void frmOKParcella::optStragiudiziale_Click()
-{
-    ScegliFamiglia("optStragiudiziale");
-}
+void frmOKParcella::optStragiudiziale_Click() { ScegliFamiglia("optStragiudiziale"); }
 
 void frmOKParcella::ScegliFamiglia(const std::string& opzione)
 {

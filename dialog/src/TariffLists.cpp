@@ -14,10 +14,7 @@ namespace avlor::dialog {
 
 namespace {
 
-std::string fieldText(clsAccessoDati& dati, const std::string& name)
-{
-    return plainText(dati.Campo(name, TipoTesto));
-}
+std::string fieldText(clsAccessoDati& dati, const std::string& name) { return plainText(dati.Campo(name, TipoTesto)); }
 
 bool isCivilTable(const std::string& tabella)
 {
@@ -26,23 +23,14 @@ bool isCivilTable(const std::string& tabella)
 
 } // namespace
 
-void frmOKParcella::cmbCodice_DropDown()
-{
-    RiempiCodici();
-}
+void frmOKParcella::cmbCodice_DropDown() { RiempiCodici(); }
 
-void frmOKParcella::cmbVoce_DropDown()
-{
-    RiempiVoci();
-}
+void frmOKParcella::cmbVoce_DropDown() { RiempiVoci(); }
 
 // Criminal templates are wanted for criminal work: when the kind chosen
 // last before "Parcella Base" was "Penale". Then the case's authority
 // decides between the criminal templates and all of them by name.
-bool frmOKParcella::vuoleParcellePenali() const
-{
-    return ultimaFamiglia_ == "optPenale";
-}
+bool frmOKParcella::vuoleParcellePenali() const { return ultimaFamiglia_ == "optPenale"; }
 
 // Both fills: clear the list, warn about a criminal case without authority,
 // add the rows, and make current again the row that shows the text the list
@@ -125,15 +113,9 @@ void frmOKParcella::RiempiVoci()
     changed("cmbVoce");
 }
 
-void frmOKParcella::cmbCodice_Click()
-{
-    ScegliVoce("cmbCodice");
-}
+void frmOKParcella::cmbCodice_Click() { ScegliVoce("cmbCodice"); }
 
-void frmOKParcella::cmbVoce_Click()
-{
-    ScegliVoce("cmbVoce");
-}
+void frmOKParcella::cmbVoce_Click() { ScegliVoce("cmbVoce"); }
 
 void frmOKParcella::ScegliVoce(const std::string& lista)
 {

@@ -25,15 +25,9 @@ frmOKParcella::frmOKParcella(std::shared_ptr<const Clock> clock, Locale locale)
 
 frmOKParcella::~frmOKParcella() = default;
 
-void frmOKParcella::setView(DialogView* view) noexcept
-{
-    view_ = view != nullptr ? view : &nullView_;
-}
+void frmOKParcella::setView(DialogView* view) noexcept { view_ = view != nullptr ? view : &nullView_; }
 
-Date frmOKParcella::today() const
-{
-    return clock_->today();
-}
+Date frmOKParcella::today() const { return clock_->today(); }
 
 // ---- Control state --------------------------------------------------------
 
@@ -124,15 +118,9 @@ void frmOKParcella::clearList(const std::string& name)
     }
 }
 
-bool frmOKParcella::isOn(const std::string& name) const
-{
-    return control(name).value;
-}
+bool frmOKParcella::isOn(const std::string& name) const { return control(name).value; }
 
-const std::string& frmOKParcella::textOf(const std::string& name) const
-{
-    return control(name).text;
-}
+const std::string& frmOKParcella::textOf(const std::string& name) const { return control(name).text; }
 
 void frmOKParcella::setFocus(const std::string& name)
 {
@@ -155,10 +143,7 @@ void frmOKParcella::setGridRows(std::vector<std::vector<std::string>> rows)
     changed("GrigliaParcella");
 }
 
-Currency frmOKParcella::amountOf(const std::string& name) const
-{
-    return readAmount(control(name).text, locale_);
-}
+Currency frmOKParcella::amountOf(const std::string& name) const { return readAmount(control(name).text, locale_); }
 
 // ---- Generic input surface -------------------------------------------------
 

@@ -44,14 +44,16 @@ constexpr std::int32_t FixedCivilItem = 62;
 
 const CivilRules& rulesOf(Edition edition)
 {
-    static const CivilRules Lire94{
-        {FixedCivilItem, lire(15'000), lire(50'000), lire(15'000), lire(50'000)}, true, AboveLastBracket::ScaleBand,
-        5'000'000'000.0};
-    static const CivilRules Euro94{
-        {FixedCivilItem, euroCents(775), euroCents(2'582), euroCents(775), euroCents(2'582)}, false,
-        AboveLastBracket::ComputeRatioOnly, 2'582'284.5};
-    static const CivilRules Euro2004{{FixedCivilItem, euro(10), euro(30), euro(10), euro(30)}, false,
-                                     AboveLastBracket::UseOwnColumns, 0.0};
+    static const CivilRules Lire94{{FixedCivilItem, lire(15'000), lire(50'000), lire(15'000), lire(50'000)},
+                                   true,
+                                   AboveLastBracket::ScaleBand,
+                                   5'000'000'000.0};
+    static const CivilRules Euro94{{FixedCivilItem, euroCents(775), euroCents(2'582), euroCents(775), euroCents(2'582)},
+                                   false,
+                                   AboveLastBracket::ComputeRatioOnly,
+                                   2'582'284.5};
+    static const CivilRules Euro2004{
+        {FixedCivilItem, euro(10), euro(30), euro(10), euro(30)}, false, AboveLastBracket::UseOwnColumns, 0.0};
     return byEdition(edition, Lire94, Euro94, Euro2004);
 }
 
@@ -73,8 +75,8 @@ void priceFromPair(FeeRow& row, const std::string& minColumn, const std::string&
     outcome.result = proposalByRelevance(out.MinTar, out.MaxTar, request.vRil);
 }
 
-void priceAboveLastBracket(FeeRow& row, const std::string& word, const CivilRules& rules,
-                           const TariffRequest& request, TariffOutputs& out, SectionOutcome& outcome)
+void priceAboveLastBracket(FeeRow& row, const std::string& word, const CivilRules& rules, const TariffRequest& request,
+                           TariffOutputs& out, SectionOutcome& outcome)
 {
     if (!readPositiveBand(row, word + "MIN", word + "MAX", out.MinTar, out.MaxTar))
         return;

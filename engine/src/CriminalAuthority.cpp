@@ -41,8 +41,7 @@ bool containsIgnoringCase(std::string_view text, std::string_view part)
 
 } // namespace
 
-std::optional<std::string> criminalColumnPrefix(std::string_view Autorita, std::string_view sTabella,
-                                                Edition edition)
+std::optional<std::string> criminalColumnPrefix(std::string_view Autorita, std::string_view sTabella, Edition edition)
 {
     // The 1994 tables predate the justice of the peace and the preliminary
     // hearing judge: work before them is priced as before the Tribunale.

@@ -11,8 +11,7 @@ namespace avlor {
 SectionOutcome criminalSection(const FeeTable& table, const TariffRequest& request, TariffOutputs& out)
 {
     SectionOutcome outcome;
-    const std::optional<std::string> prefix =
-        criminalColumnPrefix(request.Autorita, request.sTabella, table.edition);
+    const std::optional<std::string> prefix = criminalColumnPrefix(request.Autorita, request.sTabella, table.edition);
     if (!prefix) {
         // An authority the tables do not know clears the whole band.
         out.MinTar = Currency{};

@@ -1,7 +1,7 @@
 #include "FeeRow.h"
 
-#include "avlor/data/TipoCampo.h"
 #include "avlor/core/FeeTables.h"
+#include "avlor/data/TipoCampo.h"
 
 namespace avlor {
 

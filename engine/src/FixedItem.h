@@ -12,7 +12,7 @@ struct FixedItem {
     std::int32_t id = 0;
     Currency MinTar;
     Currency MaxTar;
-    Currency atRelevance0;   // the proposal when vRil is 0
+    Currency atRelevance0; // the proposal when vRil is 0
     Currency atRelevance100; // the proposal when vRil is 100
 
     // Between the end points the proposal is interpolated over the band as

@@ -36,11 +36,11 @@ constexpr std::array<PercentageBracket, 8> PercentageBrackets{{
 }};
 
 constexpr std::array<FixedBandItem, 5> FixedBands{{
-    {1, {euroCents(1'033), euroCents(7'489)}},    // 1994 euro table, item 1: 10.33-74.89
-    {5, {euroCents(516), euroCents(1'291)}},      // 1994 euro table, item 5: 5.16-12.91
-    {7, {euroCents(2'582), euroCents(5'165)}},    // 1994 euro table, item 7: 25.82-51.65
-    {8, {euroCents(5'165), euroCents(10'329)}},   // 1994 euro table, item 8: 51.65-103.29
-    {13, {euroCents(2'841), euroCents(51'646)}},  // 1994 euro table, item 13: 28.41-516.46
+    {1, {euroCents(1'033), euroCents(7'489)}}, // 1994 euro table, item 1: 10.33-74.89
+    {5, {euroCents(516), euroCents(1'291)}}, // 1994 euro table, item 5: 5.16-12.91
+    {7, {euroCents(2'582), euroCents(5'165)}}, // 1994 euro table, item 7: 25.82-51.65
+    {8, {euroCents(5'165), euroCents(10'329)}}, // 1994 euro table, item 8: 51.65-103.29
+    {13, {euroCents(2'841), euroCents(51'646)}}, // 1994 euro table, item 13: 28.41-516.46
 }};
 
 constexpr OutOfCourtEditionTable Table{

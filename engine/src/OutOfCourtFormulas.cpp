@@ -20,9 +20,8 @@ constexpr std::int64_t Millionths = 1'000'000;
 // before the division by 100; a fractional one goes through a double.
 Currency basePlusRate(Currency base, Percent rate, Currency excess)
 {
-    const double part = rate.whole()
-                            ? excess.times(rate.hundredths / 100).toDouble() / 100.0
-                            : excess.toDouble() * (static_cast<double>(rate.hundredths) / 100.0) / 100.0;
+    const double part = rate.whole() ? excess.times(rate.hundredths / 100).toDouble() / 100.0
+                                     : excess.toDouble() * (static_cast<double>(rate.hundredths) / 100.0) / 100.0;
     return Currency::fromDouble(part + base.toDouble());
 }
 
@@ -32,8 +31,7 @@ Currency halved(Currency amount) { return amount > Currency{} ? hundredthOf(amou
 
 // The band of a value-bracket item, `current` where no bracket applies, or
 // none where the applicable figure is not printed.
-std::optional<FeeBand> valueBracketBand(const ValueBracketItem& item, Currency v, std::int16_t bInd,
-                                        FeeBand current)
+std::optional<FeeBand> valueBracketBand(const ValueBracketItem& item, Currency v, std::int16_t bInd, FeeBand current)
 {
     if (bInd == StoredTrue)
         return item.indeterminate;

@@ -40,18 +40,15 @@ constexpr std::array<PercentageBracket, 8> PercentageBrackets{{
 }};
 
 constexpr std::array<FixedBandItem, 5> FixedBands{{
-    {1, {lire(20'000), lire(145'000)}},     // 1994 table, item 1: 20,000-145,000 lire
-    {5, {lire(10'000), lire(25'000)}},      // 1994 table, item 5: 10,000-25,000 lire
-    {7, {lire(50'000), lire(100'000)}},     // 1994 table, item 7: 50,000-100,000 lire
-    {8, {lire(100'000), lire(200'000)}},    // 1994 table, item 8: 100,000-200,000 lire
-    {13, {lire(55'000), lire(1'000'000)}},  // 1994 table, item 13: 55,000-1,000,000 lire
+    {1, {lire(20'000), lire(145'000)}}, // 1994 table, item 1: 20,000-145,000 lire
+    {5, {lire(10'000), lire(25'000)}}, // 1994 table, item 5: 10,000-25,000 lire
+    {7, {lire(50'000), lire(100'000)}}, // 1994 table, item 7: 50,000-100,000 lire
+    {8, {lire(100'000), lire(200'000)}}, // 1994 table, item 8: 100,000-200,000 lire
+    {13, {lire(55'000), lire(1'000'000)}}, // 1994 table, item 13: 55,000-1,000,000 lire
 }};
 
 constexpr OutOfCourtEditionTable Table{
-    true,
-    PercentageBrackets,
-    FixedBands,
-    4,
+    true,         PercentageBrackets, FixedBands, 4,
     lire(20'000), // 1994 table, item 4: fixed 20,000 lire
     {},
 };

@@ -9,9 +9,8 @@ namespace avlor {
 SectionOutcome outOfCourtSection(const FeeTable& table, const TariffRequest& request, TariffOutputs& out)
 {
     SectionOutcome outcome;
-    const std::optional<OutOfCourtProposal> proposal =
-        priceOutOfCourt(table.edition, request.idTariffa, request.cValore, request.bInd, request.vRil,
-                        FeeBand{out.MinTar, out.MaxTar});
+    const std::optional<OutOfCourtProposal> proposal = priceOutOfCourt(
+        table.edition, request.idTariffa, request.cValore, request.bInd, request.vRil, FeeBand{out.MinTar, out.MaxTar});
     if (!proposal)
         return outcome;
     out.MinTar = proposal->MinTar;

@@ -20,7 +20,7 @@ using amounts::lire;
 
 struct RightsRules {
     FixedItem fixed;
-    bool lire;                      // the fixed item's proposal is rounded as lire
+    bool lire; // the fixed item's proposal is rounded as lire
     bool nearestBracketWhenIndeterminate;
 };
 

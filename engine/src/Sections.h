@@ -15,7 +15,7 @@ struct TariffRequest {
     Currency cValore;
     std::int16_t vRil = 0;
     std::string_view sTabella; // as the caller passed it
-    std::int16_t bInd = 0;     // the stored boolean: 0 false, -1 true
+    std::int16_t bInd = 0; // the stored boolean: 0 false, -1 true
     std::int32_t idTariffa = 0;
     std::string_view Autorita;
 };
@@ -30,7 +30,7 @@ struct TariffOutputs {
 };
 
 struct SectionOutcome {
-    Currency result;      // 0: nothing proposed
+    Currency result; // 0: nothing proposed
     std::string kindWord; // "Diritto", "Onorario" or "Onorario Penale" once a row is read
     std::string itemCode; // the row's CodiceTariffa
 };
@@ -41,7 +41,6 @@ inline constexpr std::int16_t StoredTrue = -1;
 [[nodiscard]] SectionOutcome rightsSection(const FeeTable& table, const TariffRequest& request, TariffOutputs& out);
 [[nodiscard]] SectionOutcome civilSection(const FeeTable& table, const TariffRequest& request, TariffOutputs& out);
 [[nodiscard]] SectionOutcome criminalSection(const FeeTable& table, const TariffRequest& request, TariffOutputs& out);
-[[nodiscard]] SectionOutcome outOfCourtSection(const FeeTable& table, const TariffRequest& request,
-                                               TariffOutputs& out);
+[[nodiscard]] SectionOutcome outOfCourtSection(const FeeTable& table, const TariffRequest& request, TariffOutputs& out);
 
 } // namespace avlor

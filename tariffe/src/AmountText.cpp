@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <optional>
 
-#include "avlor/core/Error.h"
 #include "TariffText.h"
+#include "avlor/core/Error.h"
 #include "avlor/core/Text.h"
 
 namespace avlor {
@@ -29,7 +29,8 @@ std::optional<std::string> ungroupThousands(std::string_view integerPart)
     bool first = true;
     while (true) {
         const std::size_t point = integerPart.find('.', start);
-        const std::string_view group = integerPart.substr(start, point == std::string_view::npos ? std::string_view::npos : point - start);
+        const std::string_view group =
+            integerPart.substr(start, point == std::string_view::npos ? std::string_view::npos : point - start);
         if (!allDigits(group))
             return std::nullopt;
         if (first ? (group.size() > 3 || (group.size() > 1 && group.front() == '0')) : group.size() != 3)
@@ -77,8 +78,8 @@ AmountText readAmountText(std::string_view cell)
         if (!allDigits(decimals))
             refuse(text, "is not an amount");
         const auto digits = integerPart.find('.') == std::string_view::npos
-                                ? (allDigits(integerPart) ? std::optional<std::string>(integerPart) : std::nullopt)
-                                : ungroupThousands(integerPart);
+            ? (allDigits(integerPart) ? std::optional<std::string>(integerPart) : std::nullopt)
+            : ungroupThousands(integerPart);
         if (!digits)
             refuse(text, "is not an amount: in Italian notation points group the thousands in threes (1.234,56)");
         out.form = AmountText::Form::Italian;
@@ -140,9 +141,10 @@ Currency amountInStyle(const AmountText& cell, std::string_view text, DecimalSty
     if (style == DecimalStyle::Point)
         return cell.pointReading;
     const std::string trimmed(trimBlanks(text, tariffe_detail::CellBlanks));
-    refuse(trimmed, "is ambiguous: nothing else in the file shows whether its point groups thousands (" +
-                        cell.amount.toText() + ") or marks decimals (" + cell.pointReading.toText() + "); write " +
-                        cell.amount.toText() + " or " + trimmed + ",00 for the first, " + trimmed + "0 for the second");
+    refuse(trimmed,
+           "is ambiguous: nothing else in the file shows whether its point groups thousands (" + cell.amount.toText() +
+               ") or marks decimals (" + cell.pointReading.toText() + "); write " + cell.amount.toText() + " or " +
+               trimmed + ",00 for the first, " + trimmed + "0 for the second");
 }
 
 } // namespace avlor

@@ -84,8 +84,9 @@ std::optional<CsvRecord> CsvReader::next()
             return record;
         }
         if (c == '"')
-            throw CsvError(line_, record.fields.size(),
-                           "a quote inside an unquoted field: write the whole field between quotes and double the quote");
+            throw CsvError(
+                line_, record.fields.size(),
+                "a quote inside an unquoted field: write the whole field between quotes and double the quote");
         field.text += c;
         ++pos_;
     }

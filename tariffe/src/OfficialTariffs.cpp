@@ -5,16 +5,16 @@
 #include <set>
 #include <utility>
 
-#include "avlor/core/Error.h"
-#include "avlor/data/Database.h"
-#include "avlor/core/FeeTables.h"
-#include "avlor/tariffe/TariffFile.h"
-#include "avlor/tariffe/TariffFileError.h"
-#include "avlor/tariffe/TariffSources.h"
 #include "FileText.h"
 #include "ShippedTariffFiles.h"
 #include "TariffWriter.h"
 #include "WriteTransaction.h"
+#include "avlor/core/Error.h"
+#include "avlor/core/FeeTables.h"
+#include "avlor/data/Database.h"
+#include "avlor/tariffe/TariffFile.h"
+#include "avlor/tariffe/TariffFileError.h"
+#include "avlor/tariffe/TariffSources.h"
 
 namespace avlor {
 

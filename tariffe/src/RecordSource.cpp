@@ -3,13 +3,13 @@
 #include <cstdint>
 #include <limits>
 
-#include "avlor/tariffe/TariffFileError.h"
 #include "TariffText.h"
 #include "avlor/core/Text.h"
+#include "avlor/tariffe/TariffFileError.h"
 
 namespace avlor::tariffe_detail {
 
-RecordSource::RecordSource(std::string_view text) : reader_(text, detectCsvSeparator(text)) {}
+RecordSource::RecordSource(std::string_view text) : reader_(text, detectCsvSeparator(text)) { }
 
 std::optional<CsvRecord> RecordSource::next()
 {

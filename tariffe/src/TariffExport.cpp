@@ -2,11 +2,11 @@
 
 #include <vector>
 
+#include "avlor/core/FeeTables.h"
 #include "avlor/core/Locale.h"
 #include "avlor/data/TipoCampo.h"
 #include "avlor/data/clsAccessoDati.h"
 #include "avlor/tariffe/Csv.h"
-#include "avlor/core/FeeTables.h"
 #include "avlor/tariffe/FeeColumns.h"
 
 namespace avlor {

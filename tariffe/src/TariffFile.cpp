@@ -5,14 +5,14 @@
 #include <optional>
 #include <utility>
 
+#include "RecordSource.h"
+#include "TariffText.h"
 #include "avlor/core/Error.h"
+#include "avlor/core/Text.h"
 #include "avlor/tariffe/AmountText.h"
 #include "avlor/tariffe/Csv.h"
 #include "avlor/tariffe/FeeColumns.h"
 #include "avlor/tariffe/TariffFileError.h"
-#include "RecordSource.h"
-#include "TariffText.h"
-#include "avlor/core/Text.h"
 
 namespace avlor {
 
@@ -34,8 +34,9 @@ Header readHeader(RecordSource& source, std::string_view table, const std::vecto
 {
     const auto record = source.next();
     if (!record)
-        throw TariffFileError(1, "", "the file is empty: its first line must name the columns of " + std::string(table) +
-                                         " (" + listOf(tableColumns) + ")");
+        throw TariffFileError(1, "",
+                              "the file is empty: its first line must name the columns of " + std::string(table) +
+                                  " (" + listOf(tableColumns) + ")");
     Header header;
     header.line = record->line;
     header.columns = matchHeader(*record, tableColumns, table);
@@ -86,8 +87,8 @@ public:
         }
         if (shown != style_)
             throw TariffFileError(line, column,
-                                  "\"" + text + "\" is written " + describe(shown) + ", but " + where_ + " is written " +
-                                      describe(style_) + ": keep one notation in the whole file");
+                                  "\"" + text + "\" is written " + describe(shown) + ", but " + where_ +
+                                      " is written " + describe(style_) + ": keep one notation in the whole file");
     }
 
     [[nodiscard]] DecimalStyle style() const noexcept { return style_; }
@@ -134,8 +135,7 @@ public:
         for (const PendingAmount& amount : pending_) {
             TariffFileRow& row = file_.rows[amount.row];
             try {
-                row.values[amount.column] =
-                    Value::currency(amountInStyle(amount.cell, amount.text, notation_.style()));
+                row.values[amount.column] = Value::currency(amountInStyle(amount.cell, amount.text, notation_.style()));
             } catch (const ValueError& e) {
                 throw TariffFileError(row.line, file_.columns[amount.column], e.what());
             }

@@ -1,12 +1,12 @@
 #include "avlor/tariffe/TariffImport.h"
 
-#include "avlor/data/Database.h"
-#include "avlor/core/FeeTables.h"
-#include "avlor/tariffe/TariffFile.h"
-#include "avlor/tariffe/TariffFileError.h"
 #include "FileText.h"
 #include "TariffWriter.h"
 #include "WriteTransaction.h"
+#include "avlor/core/FeeTables.h"
+#include "avlor/data/Database.h"
+#include "avlor/tariffe/TariffFile.h"
+#include "avlor/tariffe/TariffFileError.h"
 
 namespace avlor {
 

@@ -1,9 +1,9 @@
 #include "avlor/tariffe/TariffListing.h"
 
+#include "avlor/core/FeeTables.h"
 #include "avlor/core/Locale.h"
 #include "avlor/data/TipoCampo.h"
 #include "avlor/data/clsAccessoDati.h"
-#include "avlor/core/FeeTables.h"
 #include "avlor/tariffe/FeeColumns.h"
 
 namespace avlor {
@@ -17,10 +17,7 @@ std::string textOf(const Value& value)
     return value.kind() == ValueKind::Text ? value.asText() : value.toText(Locale::neutral());
 }
 
-bool isAboveZero(const Value& value)
-{
-    return !value.isNull() && !value.isEmpty() && value.toCurrency() > Currency();
-}
+bool isAboveZero(const Value& value) { return !value.isNull() && !value.isEmpty() && value.toCurrency() > Currency(); }
 
 } // namespace
 

@@ -5,12 +5,12 @@
 #include <set>
 #include <utility>
 
-#include "avlor/core/FeeTables.h"
-#include "avlor/tariffe/FeeColumns.h"
-#include "avlor/tariffe/TariffFileError.h"
 #include "RecordSource.h"
 #include "TariffText.h"
+#include "avlor/core/FeeTables.h"
 #include "avlor/core/Text.h"
+#include "avlor/tariffe/FeeColumns.h"
+#include "avlor/tariffe/TariffFileError.h"
 
 namespace avlor {
 
@@ -35,8 +35,8 @@ std::vector<TariffSource> readTariffSources(std::string_view text)
     tariffe_detail::RecordSource records(text);
     const auto header = records.next();
     if (!header)
-        throw TariffFileError(1, "", "the file is empty: its first line must name the columns " +
-                                         tariffe_detail::listOf(SourceColumns));
+        throw TariffFileError(
+            1, "", "the file is empty: its first line must name the columns " + tariffe_detail::listOf(SourceColumns));
     const std::vector<std::string> columns = tariffe_detail::matchHeader(*header, SourceColumns, SourcesTable);
     for (const std::string& required : SourceColumns) {
         if (std::find(columns.begin(), columns.end(), required) == columns.end())
@@ -82,7 +82,7 @@ std::vector<TariffSource> readTariffSources(std::string_view text)
         if (!seen.emplace(source.table, source.id.value_or(0)).second)
             throw TariffFileError(line, "Id",
                                   source.id ? "item " + std::to_string(*source.id) + " of " + source.table +
-                                                  " already has its source"
+                                          " already has its source"
                                             : source.table + " already has its note");
         sources.push_back(std::move(source));
     }

@@ -20,8 +20,9 @@ std::vector<std::string> tableColumns(const std::shared_ptr<Connection>& connect
 {
     clsAccessoDati access(connection);
     // No row is wanted, only the columns the statement yields.
-    return access.Apri("SELECT * FROM " + std::string(table) + " WHERE 1 = 0", adOpenForwardOnly, adLockReadOnly,
-                       adCmdUnspecified)
+    return access
+        .Apri("SELECT * FROM " + std::string(table) + " WHERE 1 = 0", adOpenForwardOnly, adLockReadOnly,
+              adCmdUnspecified)
         ->FieldNames();
 }
 
@@ -53,9 +54,10 @@ void writeSource(const std::shared_ptr<Connection>& connection, const std::strin
                  std::optional<std::int32_t> id, const std::string& fonte, const std::optional<std::string>& note)
 {
     clsAccessoDati access(connection);
-    const auto rows = openEditable(access, "SELECT * FROM " + std::string(SourcesTable) + " WHERE Tabella = " +
-                                               clsUtilitaDati::instance().FormattaTestoSql(table) +
-                                               (id ? " AND Id = " + std::to_string(*id) : " AND Id IS NULL"));
+    const auto rows = openEditable(access,
+                                   "SELECT * FROM " + std::string(SourcesTable) +
+                                       " WHERE Tabella = " + clsUtilitaDati::instance().FormattaTestoSql(table) +
+                                       (id ? " AND Id = " + std::to_string(*id) : " AND Id IS NULL"));
     while (!rows->Eof()) {
         rows->Delete();
         rows->MoveNext();

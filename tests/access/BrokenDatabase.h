@@ -15,7 +15,8 @@ namespace avlor::test {
 
 class BrokenDatabase {
 public:
-    BrokenDatabase() : previous_(databaseSetByHost()) {
+    BrokenDatabase() : previous_(databaseSetByHost())
+    {
         std::string pattern = (std::filesystem::temp_directory_path() / "avlor-broken-XXXXXX").string();
         if (mkdtemp(pattern.data()) == nullptr) {
             throw std::runtime_error("Cannot make a temporary folder for the broken database");
@@ -26,7 +27,8 @@ public:
         setCurrentDatabase(location_);
     }
 
-    ~BrokenDatabase() {
+    ~BrokenDatabase()
+    {
         closeConnections(location_);
         setCurrentDatabase(previous_);
         std::error_code ignored;

@@ -15,7 +15,8 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
-TEST(fbLivRiservatezzaTest, LevelsHaveTheirStoredNumbers) {
+TEST(fbLivRiservatezzaTest, LevelsHaveTheirStoredNumbers)
+{
     EXPECT_EQ(fbUtente, 1);
     EXPECT_EQ(fbGruppo, 2);
     EXPECT_EQ(fbTutti, 3);
@@ -24,39 +25,45 @@ TEST(fbLivRiservatezzaTest, LevelsHaveTheirStoredNumbers) {
 
 // ---- GetLivelloRiservatezza
 
-class StoredLevelTest : public UsersFixture, public ::testing::WithParamInterface<std::int32_t> {};
+class StoredLevelTest : public UsersFixture, public ::testing::WithParamInterface<std::int32_t> { };
 
 // Every stored level comes back as stored, also 0 and 5, which no filter
 // knows: the filters, not the level, decide what such a user sees.
-TEST_P(StoredLevelTest, LevelIsReturnedAsStored) {
+TEST_P(StoredLevelTest, LevelIsReturnedAsStored)
+{
     addUser(5, GetParam());
     EXPECT_EQ(utenti.GetLivelloRiservatezza(id(5)), GetParam());
 }
 
 INSTANTIATE_TEST_SUITE_P(LevelsZeroToFive, StoredLevelTest, ::testing::Values(0, 1, 2, 3, 4, 5));
 
-TEST_F(UsersFixture, LevelOfUserWithoutRowIsOne) {
+TEST_F(UsersFixture, LevelOfUserWithoutRowIsOne)
+{
     addUser(5, 3);
     EXPECT_EQ(utenti.GetLivelloRiservatezza(id(42)), fbUtente);
 }
 
-TEST_F(UsersFixture, NullLevelIsOne) {
+TEST_F(UsersFixture, NullLevelIsOne)
+{
     db.exec("INSERT INTO Utenti (ID_Utente, LivelloRiservatezza) VALUES (5, NULL)");
     EXPECT_EQ(utenti.GetLivelloRiservatezza(id(5)), fbUtente);
 }
 
-TEST_F(UsersFixture, LevelWhenTableIsMissingIsOne) {
+TEST_F(UsersFixture, LevelWhenTableIsMissingIsOne)
+{
     addUser(5, 3);
     db.dropTable("Utenti");
     EXPECT_EQ(utenti.GetLivelloRiservatezza(id(5)), fbUtente);
 }
 
-TEST(LevelWithoutDatabaseTest, LevelOnBrokenDatabaseIsOne) {
+TEST(LevelWithoutDatabaseTest, LevelOnBrokenDatabaseIsOne)
+{
     const BrokenDatabase broken;
     EXPECT_EQ(clsUtenti().GetLivelloRiservatezza(Value(std::int32_t{5})), fbUtente);
 }
 
-TEST_F(UsersFixture, LevelAcceptsIdAsTextAndAsDouble) {
+TEST_F(UsersFixture, LevelAcceptsIdAsTextAndAsDouble)
+{
     addUser(5, 3);
     EXPECT_EQ(utenti.GetLivelloRiservatezza(Value("5")), fbTutti);
     EXPECT_EQ(utenti.GetLivelloRiservatezza(Value(5.0)), fbTutti);
@@ -64,7 +71,8 @@ TEST_F(UsersFixture, LevelAcceptsIdAsTextAndAsDouble) {
 
 // The id goes into the statement as it is: text that is no id makes the
 // statement fail, and the failure gives level 1.
-TEST_F(UsersFixture, LevelOfMalformedIdIsOne) {
+TEST_F(UsersFixture, LevelOfMalformedIdIsOne)
+{
     addUser(5, 3);
     EXPECT_EQ(utenti.GetLivelloRiservatezza(Value("5 5")), fbUtente);
     EXPECT_EQ(utenti.GetLivelloRiservatezza(Value::null()), fbUtente);
@@ -74,7 +82,8 @@ TEST_F(UsersFixture, LevelOfMalformedIdIsOne) {
 
 // Rows are laid out so that the order in which they were written and the
 // order of the table's indexes agree: the list follows the database.
-TEST_F(UsersFixture, GroupsComeInRowOrderAsText) {
+TEST_F(UsersFixture, GroupsComeInRowOrderAsText)
+{
     addUser(5, 2);
     addMember(5, "Civile");
     addMember(5, "Penale");
@@ -88,32 +97,37 @@ TEST_F(UsersFixture, GroupsComeInRowOrderAsText) {
     }
 }
 
-TEST_F(UsersFixture, GroupListedTwiceInMembershipsComesOnce) {
+TEST_F(UsersFixture, GroupListedTwiceInMembershipsComesOnce)
+{
     addMember(5, "Civile");
     addMember(5, "Civile");
     EXPECT_EQ(texts(utenti.GetGruppiUtente(id(5))), Strings{"Civile"});
 }
 
-TEST_F(UsersFixture, UserInNoGroupHasEmptyGroupList) {
+TEST_F(UsersFixture, UserInNoGroupHasEmptyGroupList)
+{
     addUser(7, 2);
     addMember(5, "Civile");
     EXPECT_EQ(utenti.GetGruppiUtente(id(7)).Count(), 0U);
 }
 
-TEST_F(UsersFixture, GroupsOnFailureAreEmpty) {
+TEST_F(UsersFixture, GroupsOnFailureAreEmpty)
+{
     addMember(5, "Civile");
     db.dropTable("RelGruppiUtenti");
     EXPECT_EQ(utenti.GetGruppiUtente(id(5)).Count(), 0U);
 }
 
-TEST(GroupsWithoutDatabaseTest, GroupsOnBrokenDatabaseAreEmpty) {
+TEST(GroupsWithoutDatabaseTest, GroupsOnBrokenDatabaseAreEmpty)
+{
     const BrokenDatabase broken;
     EXPECT_EQ(clsUtenti().GetGruppiUtente(Value(std::int32_t{5})).Count(), 0U);
 }
 
 // ---- GetUtentiDelGruppo
 
-TEST_F(UsersFixture, MembersComeInRowOrderAsNumbers) {
+TEST_F(UsersFixture, MembersComeInRowOrderAsNumbers)
+{
     addMembers("Civile", {5, 9, 12});
     addMember(7, "Penale");
 
@@ -123,13 +137,15 @@ TEST_F(UsersFixture, MembersComeInRowOrderAsNumbers) {
     EXPECT_TRUE(members.Item(1).isNumeric());
 }
 
-TEST_F(UsersFixture, MembersOfGroupWithQuoteInName) {
+TEST_F(UsersFixture, MembersOfGroupWithQuoteInName)
+{
     addMembers("D'Amico", {3, 4});
     addMember(8, "D");
     EXPECT_EQ(texts(utenti.GetUtentiDelGruppo("D'Amico")), (Strings{"3", "4"}));
 }
 
-TEST_F(UsersFixture, MembersOfUnknownGroupAreEmpty) {
+TEST_F(UsersFixture, MembersOfUnknownGroupAreEmpty)
+{
     addMembers("Civile", {9, 5});
     EXPECT_EQ(utenti.GetUtentiDelGruppo("Penale").Count(), 0U);
     EXPECT_EQ(utenti.GetUtentiDelGruppo("").Count(), 0U);
@@ -137,14 +153,16 @@ TEST_F(UsersFixture, MembersOfUnknownGroupAreEmpty) {
 
 // A member id that cannot be read as a number breaks the read half-way: the
 // answer is empty, not the members read so far.
-TEST_F(UsersFixture, MembersOnFailureHalfWayAreEmpty) {
+TEST_F(UsersFixture, MembersOnFailureHalfWayAreEmpty)
+{
     AVLOR_SQLITE_ONLY(TextInIntegerColumn);
     addMembers("Civile", {9, 5});
     db.exec("INSERT INTO RelGruppiUtenti (Fk_Id_Utente, Fk_Gruppo) VALUES ('nove', 'Civile')");
     EXPECT_EQ(utenti.GetUtentiDelGruppo("Civile").Count(), 0U);
 }
 
-TEST_F(UsersFixture, MembersWhenTableIsMissingAreEmpty) {
+TEST_F(UsersFixture, MembersWhenTableIsMissingAreEmpty)
+{
     addMembers("Civile", {9, 5});
     db.dropTable("RelGruppiUtenti");
     EXPECT_EQ(utenti.GetUtentiDelGruppo("Civile").Count(), 0U);
@@ -152,7 +170,8 @@ TEST_F(UsersFixture, MembersWhenTableIsMissingAreEmpty) {
 
 // ---- IsUtenteContabilita
 
-TEST_F(UsersFixture, AccountingUserIsRecognised) {
+TEST_F(UsersFixture, AccountingUserIsRecognised)
+{
     addUser(5, 1, true);
     addUser(6, 1, false);
     EXPECT_TRUE(utenti.IsUtenteContabilita(id(5)));
@@ -160,29 +179,34 @@ TEST_F(UsersFixture, AccountingUserIsRecognised) {
     EXPECT_FALSE(utenti.IsUtenteContabilita(id(6)));
 }
 
-TEST_F(UsersFixture, AccountingFlagIsComparedWithoutRegardToCase) {
+TEST_F(UsersFixture, AccountingFlagIsComparedWithoutRegardToCase)
+{
     db.exec("INSERT INTO Utenti (ID_Utente, TitContabilita) VALUES (5, 'TRUE'), (6, 'true')");
     EXPECT_TRUE(utenti.IsUtenteContabilita(id(5)));
     EXPECT_TRUE(utenti.IsUtenteContabilita(id(6)));
 }
 
-TEST_F(UsersFixture, UnknownUserIsNoAccountingUser) {
+TEST_F(UsersFixture, UnknownUserIsNoAccountingUser)
+{
     addUser(5, 1, true);
     EXPECT_FALSE(utenti.IsUtenteContabilita(id(42)));
 }
 
-TEST_F(UsersFixture, NullAccountingFlagIsNoAccountingUser) {
+TEST_F(UsersFixture, NullAccountingFlagIsNoAccountingUser)
+{
     db.exec("INSERT INTO Utenti (ID_Utente, TitContabilita) VALUES (5, NULL)");
     EXPECT_FALSE(utenti.IsUtenteContabilita(id(5)));
 }
 
-TEST_F(UsersFixture, AccountingOnFailureIsFalse) {
+TEST_F(UsersFixture, AccountingOnFailureIsFalse)
+{
     addUser(5, 1, true);
     db.dropTable("Utenti");
     EXPECT_FALSE(utenti.IsUtenteContabilita(id(5)));
 }
 
-TEST_F(UsersFixture, AccountingOfMalformedIdIsFalse) {
+TEST_F(UsersFixture, AccountingOfMalformedIdIsFalse)
+{
     addUser(5, 1, true);
     EXPECT_FALSE(utenti.IsUtenteContabilita(Value("5)")));
     EXPECT_FALSE(utenti.IsUtenteContabilita(Value()));
@@ -190,7 +214,8 @@ TEST_F(UsersFixture, AccountingOfMalformedIdIsFalse) {
 
 // ---- UtenteInGruppo
 
-TEST_F(UsersFixture, MembershipIsRecognised) {
+TEST_F(UsersFixture, MembershipIsRecognised)
+{
     addMembers("Civile", {5, 9});
     addMember(7, "Penale");
     EXPECT_TRUE(utenti.UtenteInGruppo(id(5), Value("Civile")));
@@ -199,7 +224,8 @@ TEST_F(UsersFixture, MembershipIsRecognised) {
     EXPECT_FALSE(utenti.UtenteInGruppo(id(5), Value("Penale")));
 }
 
-TEST_F(UsersFixture, MembershipOfGroupWithQuoteInName) {
+TEST_F(UsersFixture, MembershipOfGroupWithQuoteInName)
+{
     addMember(5, "D'Amico");
     EXPECT_TRUE(utenti.UtenteInGruppo(id(5), Value("D'Amico")));
     EXPECT_FALSE(utenti.UtenteInGruppo(id(5), Value("D")));
@@ -207,18 +233,21 @@ TEST_F(UsersFixture, MembershipOfGroupWithQuoteInName) {
 
 // The group is any value joined as its text: a group named "12" is found
 // when asked for by the number 12.
-TEST_F(UsersFixture, GroupGivenAsNumberIsItsText) {
+TEST_F(UsersFixture, GroupGivenAsNumberIsItsText)
+{
     addMember(5, "12");
     EXPECT_TRUE(utenti.UtenteInGruppo(id(5), Value(std::int32_t{12})));
 }
 
-TEST_F(UsersFixture, MembershipOnFailureIsFalse) {
+TEST_F(UsersFixture, MembershipOnFailureIsFalse)
+{
     addMember(5, "Civile");
     db.dropTable("RelGruppiUtenti");
     EXPECT_FALSE(utenti.UtenteInGruppo(id(5), Value("Civile")));
 }
 
-TEST(MembershipWithoutDatabaseTest, MembershipOnBrokenDatabaseIsFalse) {
+TEST(MembershipWithoutDatabaseTest, MembershipOnBrokenDatabaseIsFalse)
+{
     const BrokenDatabase broken;
     EXPECT_FALSE(clsUtenti().UtenteInGruppo(Value(std::int32_t{5}), Value("Civile")));
     EXPECT_FALSE(clsUtenti().IsUtenteContabilita(Value(std::int32_t{5})));

@@ -17,24 +17,28 @@ namespace avlor::test {
 
 class UsersFixture : public ::testing::Test {
 protected:
-    void addUser(std::int32_t id, std::int32_t level, bool accounting = false) const {
+    void addUser(std::int32_t id, std::int32_t level, bool accounting = false) const
+    {
         db.exec("INSERT INTO Utenti (ID_Utente, NomeUtente, LivelloRiservatezza, TitContabilita) VALUES (" +
                 std::to_string(id) + ", 'Utente " + std::to_string(id) + "', " + std::to_string(level) + ", " +
                 (accounting ? "'True'" : "'False'") + ")");
     }
 
-    void addMember(std::int32_t user, const std::string& group) const {
+    void addMember(std::int32_t user, const std::string& group) const
+    {
         db.insertRow("RelGruppiUtenti", {{"Fk_Id_Utente", Value(user)}, {"Fk_Gruppo", Value(group)}});
     }
 
-    void addMembers(const std::string& group, std::initializer_list<std::int32_t> users) const {
+    void addMembers(const std::string& group, std::initializer_list<std::int32_t> users) const
+    {
         for (const std::int32_t user : users) {
             addMember(user, group);
         }
     }
 
     // The items of a collection as text, to compare whole lists at once.
-    static std::vector<std::string> texts(const Collection& items) {
+    static std::vector<std::string> texts(const Collection& items)
+    {
         std::vector<std::string> result;
         for (const Value& item : items) {
             result.push_back(item.toText());

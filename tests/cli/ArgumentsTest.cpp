@@ -50,9 +50,9 @@ protected:
 TEST_F(ArgumentsTest, EveryIdVerbTakesOnlyAWholeNumber)
 {
     const std::vector<std::vector<std::string>> verbs = {
-        {"utenti", "livello"},        {"utenti", "gruppi"},          {"utenti", "contabilita"},
-        {"utenti", "riservatezza"},   {"utenti", "filtro-pratiche"}, {"utenti", "filtro-anagrafiche"},
-        {"pratica", "clienti"},       {"pratica", "controparti"},    {"anagrafica", "giuridico"},
+        {"utenti", "livello"},      {"utenti", "gruppi"},          {"utenti", "contabilita"},
+        {"utenti", "riservatezza"}, {"utenti", "filtro-pratiche"}, {"utenti", "filtro-anagrafiche"},
+        {"pratica", "clienti"},     {"pratica", "controparti"},    {"anagrafica", "giuridico"},
         {"fattura", "residuo"},
     };
     const std::string digits400(400, '7');
@@ -68,10 +68,12 @@ TEST_F(ArgumentsTest, EveryIdVerbTakesOnlyAWholeNumber)
         {"", "'' is not a whole number"},
         {"3)", "'3)' is not a whole number"},
         {"2147483648", "'2147483648' is out of range (a whole number from -2147483648 to 2147483647)"},
-        {digits400, "'" + digits400.substr(0, 40) +
-                        "...' (400 characters) is out of range (a whole number from -2147483648 to 2147483647)"},
-        {digits30000, "'" + digits30000.substr(0, 40) +
-                          "...' (30000 characters) is out of range (a whole number from -2147483648 to 2147483647)"},
+        {digits400,
+         "'" + digits400.substr(0, 40) +
+             "...' (400 characters) is out of range (a whole number from -2147483648 to 2147483647)"},
+        {digits30000,
+         "'" + digits30000.substr(0, 40) +
+             "...' (30000 characters) is out of range (a whole number from -2147483648 to 2147483647)"},
     };
     for (const auto& verb : verbs) {
         for (const auto& w : words) {
@@ -146,13 +148,13 @@ TEST_F(ArgumentsTest, ArgumentErrorsAreOneLineWithStatusOne)
 TEST_F(ArgumentsTest, TariffaRefusesRelevanceOutsideZeroToHundred)
 {
     for (const std::string rilevanza : {"-1000", "-1", "101", "32767"}) {
-        const CommandOutcome r = onDemo({"tariffa", "--tabella", "Diritti94", "--id", "132", "--valore", "1000000",
-                                         "--rilevanza", rilevanza});
+        const CommandOutcome r = onDemo(
+            {"tariffa", "--tabella", "Diritti94", "--id", "132", "--valore", "1000000", "--rilevanza", rilevanza});
         expectOneLineError(r, "--rilevanza: " + rilevanza + " is outside 0 (minimum) to 100 (maximum)", rilevanza);
     }
     for (const std::string rilevanza : {"0", "100"}) {
-        const CommandOutcome r = onDemo({"tariffa", "--tabella", "Diritti94", "--id", "132", "--valore", "1000000",
-                                         "--rilevanza", rilevanza});
+        const CommandOutcome r = onDemo(
+            {"tariffa", "--tabella", "Diritti94", "--id", "132", "--valore", "1000000", "--rilevanza", rilevanza});
         EXPECT_EQ(r.status, 0) << r.err;
     }
 }
@@ -175,17 +177,18 @@ TEST_F(ArgumentsTest, TariffaSaysWhenAFigureOverflows)
     // Item 10 of the 1994 out-of-court table in lire rounds a figure to a
     // 32-bit whole number of lire; a large value does not fit it.
     for (const std::string id : {"10", "11", "12"}) {
-        const CommandOutcome r = onDemo({"tariffa", "--tabella", "OnorariStrag94", "--id", id, "--valore",
-                                         "922337203685", "--rilevanza", "100"});
+        const CommandOutcome r = onDemo(
+            {"tariffa", "--tabella", "OnorariStrag94", "--id", id, "--valore", "922337203685", "--rilevanza", "100"});
         EXPECT_EQ(r.status, 1) << r.out;
         EXPECT_EQ(r.out, "");
         EXPECT_EQ(r.err.rfind("avlor: error: the figures overflow the range of amounts (Overflow: ", 0), 0u) << r.err;
         EXPECT_EQ(std::count(r.err.begin(), r.err.end(), '\n'), 1) << r.err;
     }
-    const CommandOutcome r = onDemo({"tariffa", "--tabella", "OnorariStrag94", "--id", "10", "--valore",
-                                     "922337203685", "--rilevanza", "100"});
-    EXPECT_EQ(r.err, "avlor: error: the figures overflow the range of amounts (Overflow: 9298322037 does not fit a "
-                     "32-bit whole number)\n");
+    const CommandOutcome r = onDemo(
+        {"tariffa", "--tabella", "OnorariStrag94", "--id", "10", "--valore", "922337203685", "--rilevanza", "100"});
+    EXPECT_EQ(r.err,
+              "avlor: error: the figures overflow the range of amounts (Overflow: 9298322037 does not fit a "
+              "32-bit whole number)\n");
 }
 
 } // namespace

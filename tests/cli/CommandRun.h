@@ -15,9 +15,9 @@
 namespace avlor::test {
 
 struct CommandOutcome {
-    int status = -1;   // exit status; 128 + signal number when killed by one
-    std::string out;   // standard output
-    std::string err;   // standard error
+    int status = -1; // exit status; 128 + signal number when killed by one
+    std::string out; // standard output
+    std::string err; // standard error
 };
 
 inline std::string shellQuoted(const std::string& word)
@@ -43,15 +43,15 @@ inline std::string fileText(const std::filesystem::path& p)
 struct RunOptions {
     std::string shellBefore; // run in the same shell first, e.g. "ulimit -f 1;"
     std::string environment; // further NAME=value words (quoted), e.g. another AVLOR_TARIFFE_DIR
-    std::string wrapper;     // a program that runs the command, e.g. "setpriv --reuid=65534 ..."
+    std::string wrapper; // a program that runs the command, e.g. "setpriv --reuid=65534 ..."
 };
 
 // Standard error is collected through a file in `scratch`.
 inline CommandOutcome runAvlor(const std::vector<std::string>& words, const std::filesystem::path& scratch,
                                const RunOptions& options = {})
 {
-    std::string command = options.shellBefore + " AVLOR_TARIFFE_DIR=" + shellQuoted(AVLOR_TARIFFE) + " AVLOR_DB= " +
-                          options.environment + " " + options.wrapper + " " + shellQuoted(AVLOR_COMMAND);
+    std::string command = options.shellBefore + " AVLOR_TARIFFE_DIR=" + shellQuoted(AVLOR_TARIFFE) +
+        " AVLOR_DB= " + options.environment + " " + options.wrapper + " " + shellQuoted(AVLOR_COMMAND);
     for (const auto& w : words)
         command += " " + shellQuoted(w);
     const std::filesystem::path errFile = scratch / ("stderr-" + std::to_string(::getpid()) + ".txt");

@@ -90,17 +90,18 @@ protected:
 TEST_F(CommandTest, PricesTheFixedRightsItemAsCalcolaTariffa)
 {
     // 15,000 + 35,000 x 37 / 100 = 27,950 lire, rounded up to 30,000.
-    const Outcome r = onDemo({"tariffa", "--tabella", "Diritti94", "--id", "132", "--valore", "1000000", "--rilevanza",
-                          "37", "--json"});
+    const Outcome r = onDemo(
+        {"tariffa", "--tabella", "Diritti94", "--id", "132", "--valore", "1000000", "--rilevanza", "37", "--json"});
     EXPECT_EQ(r.status, 0) << r.err;
-    EXPECT_EQ(r.out, "{\"importo\":\"30000.0000\",\"MinTar\":\"15000.0000\",\"MaxTar\":\"50000.0000\","
-                     "\"MinS\":\"0.0000\",\"MaxS\":\"0.0000\",\"messaggio\":null}\n");
+    EXPECT_EQ(r.out,
+              "{\"importo\":\"30000.0000\",\"MinTar\":\"15000.0000\",\"MaxTar\":\"50000.0000\","
+              "\"MinS\":\"0.0000\",\"MaxS\":\"0.0000\",\"messaggio\":null}\n");
 }
 
 TEST_F(CommandTest, PricesAnOutOfCourtItemWithADecimalValue)
 {
-    const Outcome r = onDemo({"tariffa", "--tabella", "OnorariStrag2004Euro", "--id", "10", "--valore", "5200.00",
-                          "--rilevanza", "50"});
+    const Outcome r = onDemo(
+        {"tariffa", "--tabella", "OnorariStrag2004Euro", "--id", "10", "--valore", "5200.00", "--rilevanza", "50"});
     EXPECT_EQ(r.status, 0) << r.err;
     EXPECT_EQ(r.out, "importo 234.0000\nMinTar  156.0000\nMaxTar  312.0000\nMinS    0.0000\nMaxS    0.0000\n");
 }
@@ -108,11 +109,12 @@ TEST_F(CommandTest, PricesAnOutOfCourtItemWithADecimalValue)
 TEST_F(CommandTest, ShowsTheAttenzioneMessageWhenNothingIsProposed)
 {
     const Outcome r = onDemo({"tariffa", "--tabella", "OnorariStrag2004Euro", "--id", "99", "--valore", "1000",
-                          "--rilevanza", "50", "--json"});
+                              "--rilevanza", "50", "--json"});
     EXPECT_EQ(r.status, 0) << r.err;
-    EXPECT_EQ(r.out, "{\"importo\":\"0.0000\",\"MinTar\":\"0.0000\",\"MaxTar\":\"0.0000\",\"MinS\":\"0.0000\","
-                     "\"MaxS\":\"0.0000\",\"messaggio\":\" codice <> non previsto per una pratica di questo "
-                     "valore.\\rNessun valore proposto.\"}\n");
+    EXPECT_EQ(r.out,
+              "{\"importo\":\"0.0000\",\"MinTar\":\"0.0000\",\"MaxTar\":\"0.0000\",\"MinS\":\"0.0000\","
+              "\"MaxS\":\"0.0000\",\"messaggio\":\" codice <> non previsto per una pratica di questo "
+              "valore.\\rNessun valore proposto.\"}\n");
 }
 
 TEST_F(CommandTest, PricesACriminalItemByAuthority)
@@ -120,10 +122,11 @@ TEST_F(CommandTest, PricesACriminalItemByAuthority)
     // Item 1.1 of the 1994 criminal table, 15,000-25,000 lire; halfway
     // 20,000 stays a multiple of 5,000 lire.
     const Outcome r = onDemo({"tariffa", "--tabella", "OnorariPenali94", "--id", "1", "--valore", "0", "--rilevanza",
-                          "50", "--autorita", "Tribunale", "--json"});
+                              "50", "--autorita", "Tribunale", "--json"});
     EXPECT_EQ(r.status, 0) << r.err;
-    EXPECT_EQ(r.out, "{\"importo\":\"20000.0000\",\"MinTar\":\"15000.0000\",\"MaxTar\":\"25000.0000\","
-                     "\"MinS\":\"0.0000\",\"MaxS\":\"0.0000\",\"messaggio\":null}\n");
+    EXPECT_EQ(r.out,
+              "{\"importo\":\"20000.0000\",\"MinTar\":\"15000.0000\",\"MaxTar\":\"25000.0000\","
+              "\"MinS\":\"0.0000\",\"MaxS\":\"0.0000\",\"messaggio\":null}\n");
 }
 
 TEST_F(CommandTest, UsersQuestionsAndFilters)
@@ -160,21 +163,24 @@ TEST_F(CommandTest, LateBoundCallShowsResultArgumentsAndMessages)
 {
     Outcome r = onDemo({"call", "AvlorLogic.clsUtenti", "GetSqlFiltroPratiche", "5"});
     EXPECT_EQ(r.status, 0) << r.err;
-    EXPECT_EQ(r.out, "{\"risultato\":\"((Id_Riservata IN (0,5))  AND (fk_Gruppo IS NULL))  OR ((Id_Riservata=0) AND "
-                     "(fk_Gruppo IN ('AMMINISTRAZIONE','Penale')))\",\"argomenti\":[5],\"messaggi\":[]}\n");
+    EXPECT_EQ(r.out,
+              "{\"risultato\":\"((Id_Riservata IN (0,5))  AND (fk_Gruppo IS NULL))  OR ((Id_Riservata=0) AND "
+              "(fk_Gruppo IN ('AMMINISTRAZIONE','Penale')))\",\"argomenti\":[5],\"messaggi\":[]}\n");
 
     r = onDemo({"call", "AvlorLogic.ClsParcella", "CalcolaTariffa", "5200", "50", "OnorariStrag2004Euro", "0", "11",
                 "0", "0", "0", "0", "--text", ""});
     EXPECT_EQ(r.status, 0) << r.err;
     // Item 11 halves the band of item 10: 78-156, halfway 117.
-    EXPECT_EQ(r.out, "{\"risultato\":\"117.0000\",\"argomenti\":[\"5200.0000\",50,\"OnorariStrag2004Euro\",false,11,"
-                     "\"78.0000\",\"156.0000\",\"0.0000\",\"0.0000\",\"\"],\"messaggi\":[]}\n");
+    EXPECT_EQ(r.out,
+              "{\"risultato\":\"117.0000\",\"argomenti\":[\"5200.0000\",50,\"OnorariStrag2004Euro\",false,11,"
+              "\"78.0000\",\"156.0000\",\"0.0000\",\"0.0000\",\"\"],\"messaggi\":[]}\n");
 
     r = onDemo({"call", "AvlorLogic.ClsParcella", "CalcolaTariffa", "5200", "50", "OnorariStrag2004Euro", "0", "99",
                 "0", "0", "0", "0", "null"});
-    EXPECT_EQ(r.out, "{\"risultato\":\"0.0000\",\"argomenti\":[\"5200.0000\",50,\"OnorariStrag2004Euro\",false,99,"
-                     "\"0.0000\",\"0.0000\",\"0.0000\",\"0.0000\",\"\"],\"messaggi\":[\" codice <> non previsto per "
-                     "una pratica di questo valore.\\rNessun valore proposto.\"]}\n");
+    EXPECT_EQ(r.out,
+              "{\"risultato\":\"0.0000\",\"argomenti\":[\"5200.0000\",50,\"OnorariStrag2004Euro\",false,99,"
+              "\"0.0000\",\"0.0000\",\"0.0000\",\"0.0000\",\"\"],\"messaggi\":[\" codice <> non previsto per "
+              "una pratica di questo valore.\\rNessun valore proposto.\"]}\n");
 
     // --text keeps a number as text.
     r = onDemo({"call", "AvlorLogic.clsUtenti", "GetUtentiDelGruppo", "--text", "Civile"});
@@ -206,8 +212,7 @@ TEST_F(CommandTest, TariffeListsTheItemsAUserPicksFrom)
     const Outcome r = onDemo({"tariffe", "elenca", "--tabella", "OnorariStrag2004Euro"});
     EXPECT_EQ(r.status, 0) << r.err;
     EXPECT_EQ(r.out.rfind("1\t1.A\t1. Prestazioni di consulenza / Consultazioni orali", 0), 0u) << r.out;
-    EXPECT_NE(r.out.find("\n6\t2.c\t2. Prestazioni di assistenza / Esame e studio della pratica\n"),
-              std::string::npos);
+    EXPECT_NE(r.out.find("\n6\t2.c\t2. Prestazioni di assistenza / Esame e studio della pratica\n"), std::string::npos);
     // Out-of-court amounts come from the engine's formulas, not from columns.
     EXPECT_EQ(r.out.substr(r.out.rfind('\n', r.out.size() - 2) + 1), "9 items, 0 with amounts\n");
 }
@@ -247,8 +252,8 @@ TEST_F(CommandTest, AProgramOutsideTheSourceTreeMakesADatabaseWithTheFigures)
     fs::copy_file(AVLOR_COMMAND, elsewhere / "avlor", fs::copy_options::overwrite_existing);
     const std::string newDatabase = (elsewhere / "new.db").string();
     const std::string command = "cd " + quoted(elsewhere.string()) +
-                                " && env -u AVLOR_TARIFFE_DIR -u AVLOR_SOURCE_DIR AVLOR_DB= ./avlor db init " +
-                                quoted(newDatabase) + " --demo 2>&1";
+        " && env -u AVLOR_TARIFFE_DIR -u AVLOR_SOURCE_DIR AVLOR_DB= ./avlor db init " + quoted(newDatabase) +
+        " --demo 2>&1";
     FILE* pipe = ::popen(command.c_str(), "r");
     ASSERT_NE(pipe, nullptr);
     std::string out;
@@ -257,8 +262,9 @@ TEST_F(CommandTest, AProgramOutsideTheSourceTreeMakesADatabaseWithTheFigures)
         out.append(buffer.data(), n);
     const int raw = ::pclose(pipe);
     EXPECT_TRUE(WIFEXITED(raw) && WEXITSTATUS(raw) == 0) << out;
-    EXPECT_EQ(out, "Created the practice database " + newDatabase +
-                       " with 56 official fee items in 6 tables and the sample firm.\n");
+    EXPECT_EQ(out,
+              "Created the practice database " + newDatabase +
+                  " with 56 official fee items in 6 tables and the sample firm.\n");
 }
 
 // A file: URI names its file with percent escapes, as SQLite reads it.
@@ -276,15 +282,18 @@ TEST_F(CommandTest, AMissingDatabaseIsReportedAndNotCreated)
     const std::string missing = (folder / "missing.db").string();
     const Outcome r = avlor({"--db", missing, "db", "versione"});
     EXPECT_EQ(r.status, 1);
-    EXPECT_EQ(r.err, "avlor: error: no practice database at " + missing + " (create one with: avlor db init " +
-                         missing + ")\n");
+    EXPECT_EQ(r.err,
+              "avlor: error: no practice database at " + missing + " (create one with: avlor db init " + missing +
+                  ")\n");
     EXPECT_FALSE(fs::exists(missing));
 }
 
 TEST_F(CommandTest, ADatabaseWithoutTheSchemaIsReported)
 {
     const std::string empty = (folder / "empty.db").string();
-    { std::ofstream touch(empty); }
+    {
+        std::ofstream touch(empty);
+    }
     const Outcome r = avlor({"--db", empty, "pratica", "clienti", "1"});
     EXPECT_EQ(r.status, 1);
     EXPECT_EQ(r.err.rfind("avlor: error: " + empty + " is not a practice database", 0), 0u) << r.err;

@@ -53,8 +53,8 @@ protected:
     void SetUp() override
     {
         folder = fs::temp_directory_path() /
-                 ("avlor-files-" + std::to_string(::getpid()) + "-" +
-                  ::testing::UnitTest::GetInstance()->current_test_info()->name());
+            ("avlor-files-" + std::to_string(::getpid()) + "-" +
+             ::testing::UnitTest::GetInstance()->current_test_info()->name());
         fs::remove_all(folder);
         fs::create_directories(folder / "work");
         scratch = folder / "scratch";
@@ -108,14 +108,14 @@ TEST_F(DatabaseFilesTest, ExportNeverWritesOverTheDatabaseOrItsCompanionFiles)
         const CommandOutcome r = avlor({"--db", db, "tariffe", "esporta", "--tabella", "Onorari94", "-o", output});
         EXPECT_EQ(r.status, 1) << output;
         const std::string what = output == db + "-wal" || output == db + "-shm" || output == db + "-journal"
-                                     ? "a companion file of the practice database (" + output + ")"
-                                     : "the practice database " + db;
+            ? "a companion file of the practice database (" + output + ")"
+            : "the practice database " + db;
         EXPECT_EQ(r.err, "avlor: error: refusing to write " + output + ": it is " + what + "\n");
     }
     // The same file under another name (a hard link) is refused too.
     fs::create_hard_link(db, work / "altro-nome.db");
-    const CommandOutcome r = avlor({"--db", db, "tariffe", "esporta", "--tabella", "Onorari94", "-o",
-                                    (work / "altro-nome.db").string()});
+    const CommandOutcome r =
+        avlor({"--db", db, "tariffe", "esporta", "--tabella", "Onorari94", "-o", (work / "altro-nome.db").string()});
     EXPECT_EQ(r.status, 1);
     EXPECT_EQ(fileText(db), before);
     EXPECT_EQ(avlor({"--db", db, "db", "versione"}).out, "1\n");
@@ -210,12 +210,14 @@ TEST_F(DatabaseFilesTest, InitRefusesWhatCannotHoldAPracticeDatabase)
 {
     CommandOutcome r = avlor({"db", "init", ":memory:"});
     EXPECT_EQ(r.status, 1);
-    EXPECT_EQ(r.err, "avlor: error: An in-memory database vanishes when the program ends; name a file for the "
-                     "practice database [:memory:]\n");
+    EXPECT_EQ(r.err,
+              "avlor: error: An in-memory database vanishes when the program ends; name a file for the "
+              "practice database [:memory:]\n");
     r = avlor({"db", "init", work.string()});
     EXPECT_EQ(r.status, 1);
-    EXPECT_EQ(r.err, "avlor: error: This location is a folder; name a file inside it for the practice database [" +
-                         work.string() + "]\n");
+    EXPECT_EQ(r.err,
+              "avlor: error: This location is a folder; name a file inside it for the practice database [" +
+                  work.string() + "]\n");
     EXPECT_EQ(namesIn(work), std::set<std::string>{});
 }
 
@@ -224,8 +226,7 @@ TEST_F(DatabaseFilesTest, InitRefusesWhatCannotHoldAPracticeDatabase)
 TEST_F(DatabaseFilesTest, AKilledInitLeavesNothingOrACompleteDatabase)
 {
     const std::string reference = makeDemo("riferimento.db");
-    const std::string expected =
-        avlor({"--db", reference, "tariffe", "esporta", "--tabella", "Onorari94Euro"}).out;
+    const std::string expected = avlor({"--db", reference, "tariffe", "esporta", "--tabella", "Onorari94Euro"}).out;
     ASSERT_FALSE(expected.empty());
 
     const auto started = std::chrono::steady_clock::now();
@@ -273,8 +274,7 @@ TEST_F(DatabaseFilesTest, AKilledInitLeavesNothingOrACompleteDatabase)
         }
         ++leftComplete;
         EXPECT_EQ(avlor({"--db", db.string(), "db", "versione"}).out, "1\n") << i;
-        EXPECT_EQ(avlor({"--db", db.string(), "tariffe", "esporta", "--tabella", "Onorari94Euro"}).out, expected)
-            << i;
+        EXPECT_EQ(avlor({"--db", db.string(), "tariffe", "esporta", "--tabella", "Onorari94Euro"}).out, expected) << i;
         EXPECT_EQ(avlor({"--db", db.string(), "utenti", "livello", "3"}).out, "2\n") << i;
     }
     EXPECT_EQ(leftNothing + leftComplete, runs);
@@ -309,14 +309,15 @@ TEST_F(DatabaseFilesTest, LookingAtADatabaseChangesNothing)
     makeForeignDatabase(foreign);
     const std::string before = fileText(foreign);
     for (const std::vector<std::string>& words :
-         {std::vector<std::string>{"db", "versione"}, std::vector<std::string>{"call", "AvlorLogic.clsDataBase", "VersioneMdb"},
+         {std::vector<std::string>{"db", "versione"},
+          std::vector<std::string>{"call", "AvlorLogic.clsDataBase", "VersioneMdb"},
           std::vector<std::string>{"utenti", "livello", "1"}}) {
         std::vector<std::string> all = {"--db", foreign.string()};
         all.insert(all.end(), words.begin(), words.end());
         const CommandOutcome r = avlor(all);
         EXPECT_EQ(r.status, 1) << words[0];
-        EXPECT_EQ(r.err, "avlor: error: " + foreign.string() +
-                             " is not a practice database (it holds no table Versioni)\n");
+        EXPECT_EQ(r.err,
+                  "avlor: error: " + foreign.string() + " is not a practice database (it holds no table Versioni)\n");
     }
     EXPECT_EQ(fileText(foreign), before); // still in rollback-journal mode, same bytes
     EXPECT_EQ(namesIn(work), std::set<std::string>{"altro.db"});
@@ -324,8 +325,9 @@ TEST_F(DatabaseFilesTest, LookingAtADatabaseChangesNothing)
     // A call on a missing or empty file is refused like every other verb.
     CommandOutcome r = avlor({"--db", (work / "typo.db").string(), "call", "AvlorLogic.clsDataBase", "VersioneMdb"});
     EXPECT_EQ(r.status, 1);
-    EXPECT_EQ(r.err, "avlor: error: no practice database at " + (work / "typo.db").string() +
-                         " (create one with: avlor db init " + (work / "typo.db").string() + ")\n");
+    EXPECT_EQ(r.err,
+              "avlor: error: no practice database at " + (work / "typo.db").string() +
+                  " (create one with: avlor db init " + (work / "typo.db").string() + ")\n");
     writeText(work / "vuoto.db", "");
     r = avlor({"--db", (work / "vuoto.db").string(), "call", "AvlorLogic.clsDataBase", "VersioneMdb"});
     EXPECT_EQ(r.status, 1);
@@ -344,8 +346,9 @@ TEST_F(DatabaseFilesTest, AReadOnlyDatabaseCanBeReadAndIsLeftAsItWas)
     const std::string db = makeDemo("p.db");
     const std::string before = fileText(db);
     fs::permissions(db, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
-    fs::permissions(work, fs::perms::owner_read | fs::perms::owner_exec | fs::perms::group_read |
-                              fs::perms::group_exec | fs::perms::others_read | fs::perms::others_exec);
+    fs::permissions(work,
+                    fs::perms::owner_read | fs::perms::owner_exec | fs::perms::group_read | fs::perms::group_exec |
+                        fs::perms::others_read | fs::perms::others_exec);
     fs::permissions(folder, fs::perms::others_exec | fs::perms::others_read, fs::perm_options::add);
     fs::permissions(scratch, fs::perms::all);
     // Root may write anything: the command then runs as nobody.
@@ -379,8 +382,9 @@ TEST_F(DatabaseFilesTest, AnImportFilePastTheLimitIsRefusedBeforeItIsRead)
     fs::resize_file(huge, 16U * 1024U * 1024U + 1U); // sparse: no disk used
     const CommandOutcome r = avlor({"--db", db, "tariffe", "importa", "--tabella", "Diritti2004Euro", huge.string()});
     EXPECT_EQ(r.status, 1);
-    EXPECT_EQ(r.err, "avlor: error: " + huge.string() +
-                         " holds 16777217 bytes; a fee-table file may hold at most 16777216 bytes (16 MiB)\n");
+    EXPECT_EQ(r.err,
+              "avlor: error: " + huge.string() +
+                  " holds 16777217 bytes; a fee-table file may hold at most 16777216 bytes (16 MiB)\n");
     EXPECT_EQ(avlor({"--db", db, "tariffe", "elenca", "--tabella", "Diritti2004Euro"}).out,
               "0 items, 0 with amounts\n");
 }

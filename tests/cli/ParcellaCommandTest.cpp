@@ -49,16 +49,15 @@ protected:
 
     // Runs a script (its lines given here) on case file `pratica`, with the
     // work dated 15/03/2025 and today pinned to 20/03/2025.
-    static Outcome script(const std::vector<std::string>& lines, int pratica = 1,
-                          std::vector<std::string> extra = {})
+    static Outcome script(const std::vector<std::string>& lines, int pratica = 1, std::vector<std::string> extra = {})
     {
         const fs::path file = folder / "script.jsonl";
         std::ofstream out(file, std::ios::trunc);
         for (const auto& l : lines)
             out << l << '\n';
         out.close();
-        std::vector<std::string> words = {"--db",   database,     "parcella", "--pratica",    std::to_string(pratica),
-                                          "--data", "15/03/2025", "--oggi",   "20/03/2025", "--script",
+        std::vector<std::string> words = {"--db",       database,     "parcella", "--pratica",  std::to_string(pratica),
+                                          "--data",     "15/03/2025", "--oggi",   "20/03/2025", "--script",
                                           file.string()};
         words.insert(words.end(), extra.begin(), extra.end());
         return avlor(words);
@@ -105,9 +104,9 @@ TEST_F(ParcellaCommandTest, StartUpReadsTheCaseFileTheConfigurationAndTheActions
     EXPECT_EQ(form["CambioLiraEuro"], "1936.2700");
     // A euro firm, work dated after 2 June 2004: the 2004 rights table.
     EXPECT_EQ(form["sTabella"], "Diritti2004Euro");
-    EXPECT_EQ(form["NomiCampi"], json({"IdAzione", "bFattura", "NOrdine", "Data", "Descr", "Quantita", "Diritti",
-                                       "Onorari", "Imponibili", "Esenti", "NomeUtente", "Ore", "IdEseguitoDa",
-                                       "InNotaSpese"}));
+    EXPECT_EQ(form["NomiCampi"],
+              json({"IdAzione", "bFattura", "NOrdine", "Data", "Descr", "Quantita", "Diritti", "Onorari", "Imponibili",
+                    "Esenti", "NomeUtente", "Ore", "IdEseguitoDa", "InNotaSpese"}));
     EXPECT_EQ(form["bModifica"], false);
     EXPECT_EQ(form["idAzioneCorrente"], 0);
 
@@ -177,9 +176,10 @@ TEST_F(ParcellaCommandTest, ACriminalListWithoutAuthorityWarnsAndStillFills)
     ASSERT_EQ(lines.size(), 2u);
     const json& messages = lines[1]["messaggi"];
     ASSERT_EQ(messages.size(), 1u);
-    EXPECT_EQ(messages[0]["testo"], "ATTENZIONE : Non e' selezionata nessuna Autorita' per la Pratica. \r"
-                                    "Sara' impossibile calcolare in automatico l'importo degli Onorari di Tipo "
-                                    "Penale.");
+    EXPECT_EQ(messages[0]["testo"],
+              "ATTENZIONE : Non e' selezionata nessuna Autorita' per la Pratica. \r"
+              "Sara' impossibile calcolare in automatico l'importo degli Onorari di Tipo "
+              "Penale.");
     EXPECT_EQ(messages[0]["icona"], "informazione");
     EXPECT_EQ(messages[0]["pulsanti"], json({"OK"}));
     EXPECT_EQ(messages[0]["risposta"], "OK");
@@ -232,8 +232,9 @@ TEST_F(ParcellaCommandTest, AnUnknownControlStopsTheScriptAfterTheLinesBeforeIt)
     const Outcome run = script({R"({"stato": true})", R"({"click": "nonesiste"})", R"({"stato": true})"});
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(answers(run).size(), 1u);
-    EXPECT_EQ(run.err, "avlor: error: line 2: The dialog \"Parcellazione Adempimento\" has no control named "
-                       "\"nonesiste\"\n");
+    EXPECT_EQ(run.err,
+              "avlor: error: line 2: The dialog \"Parcellazione Adempimento\" has no control named "
+              "\"nonesiste\"\n");
 }
 
 TEST_F(ParcellaCommandTest, MalformedLinesStopTheScriptWithOneLine)
@@ -246,8 +247,7 @@ TEST_F(ParcellaCommandTest, MalformedLinesStopTheScriptWithOneLine)
         {"garbage", "not a JSON object"},
         {"[1, 2]", "not a JSON object"},
         {"{}", "a step needs one of \"click\", \"imposta\", \"apri\", \"scegli\", \"stato\""},
-        {R"({"click": "optOnorari", "apri": "cmbCodice"})",
-         "a step does one thing: \"click\" and \"apri\" together"},
+        {R"({"click": "optOnorari", "apri": "cmbCodice"})", "a step does one thing: \"click\" and \"apri\" together"},
         {R"({"click": "optOnorari", "colore": 1})", "unknown member \"colore\""},
         {R"({"click": 5})", "\"click\" takes the name of a control"},
         {R"({"imposta": "FData"})", "\"imposta\" needs \"valore\", the text to type"},
@@ -275,8 +275,9 @@ TEST_F(ParcellaCommandTest, BadArgumentsAreRefusedWithStatusOne)
 
     const Outcome noScript = avlor({"--db", database, "parcella", "--pratica", "1"});
     EXPECT_EQ(noScript.status, 1);
-    EXPECT_EQ(noScript.err, "avlor: error: parcella needs --script FILE (or - for standard input): the dialog's "
-                            "window is not available in this build\n");
+    EXPECT_EQ(noScript.err,
+              "avlor: error: parcella needs --script FILE (or - for standard input): the dialog's "
+              "window is not available in this build\n");
 
     const Outcome missingScript =
         avlor({"--db", database, "parcella", "--pratica", "1", "--script", (folder / "none.jsonl").string()});

@@ -19,10 +19,7 @@ using test::TestDatabase;
 
 Value money(const char* text) { return Value::currency(Currency::fromText(text)); }
 
-const Value& valueOf(const DispatchResult& r)
-{
-    return std::get<Value>(r);
-}
+const Value& valueOf(const DispatchResult& r) { return std::get<Value>(r); }
 
 // The message of the UsageError that a call raises.
 std::string errorOf(const std::function<void()>& f)
@@ -41,10 +38,16 @@ class LateBoundTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        db.insertRow("Utenti", {{"ID_Utente", Value(5)}, {"NomeUtente", Value("Avv. Rossi")},
-                                {"LivelloRiservatezza", Value(2)}, {"TitContabilita", Value(true)}});
-        db.insertRow("Utenti", {{"ID_Utente", Value(9)}, {"NomeUtente", Value("Dott. Bruni")},
-                                {"LivelloRiservatezza", Value(1)}, {"TitContabilita", Value(false)}});
+        db.insertRow("Utenti",
+                     {{"ID_Utente", Value(5)},
+                      {"NomeUtente", Value("Avv. Rossi")},
+                      {"LivelloRiservatezza", Value(2)},
+                      {"TitContabilita", Value(true)}});
+        db.insertRow("Utenti",
+                     {{"ID_Utente", Value(9)},
+                      {"NomeUtente", Value("Dott. Bruni")},
+                      {"LivelloRiservatezza", Value(1)},
+                      {"TitContabilita", Value(false)}});
         db.exec("INSERT INTO RelGruppiUtenti (Fk_Id_Utente, Fk_Gruppo) VALUES (5, 'Civile');"
                 "INSERT INTO RelGruppiUtenti (Fk_Id_Utente, Fk_Gruppo) VALUES (9, 'Civile');"
                 "INSERT INTO RelGruppiUtenti (Fk_Id_Utente, Fk_Gruppo) VALUES (5, 'Tutti');");
@@ -66,10 +69,10 @@ protected:
 
 TEST(LateBoundRegistry, ListsTheSixClassesUnderTheirProgrammaticNames)
 {
-    EXPECT_EQ(registeredProgIds(),
-              (std::vector<std::string>{"AvlorLogic.ClsParcella", "AvlorLogic.clsUtenti", "AvlorLogic.clsPratica",
-                                        "AvlorLogic.clsDataBase", "AvlorLogic.clsAnagrafica",
-                                        "AvlorLogic.clsFatture"}));
+    EXPECT_EQ(
+        registeredProgIds(),
+        (std::vector<std::string>{"AvlorLogic.ClsParcella", "AvlorLogic.clsUtenti", "AvlorLogic.clsPratica",
+                                  "AvlorLogic.clsDataBase", "AvlorLogic.clsAnagrafica", "AvlorLogic.clsFatture"}));
 }
 
 TEST(LateBoundRegistry, EachClassOffersItsOperationsInDeclarationOrder)
@@ -118,8 +121,9 @@ TEST(LateBoundRegistry, AnUnknownOperationOrAWrongArgumentCountIsAClearError)
 TEST_F(LateBoundTest, CalcolaTariffaWritesTheBandBackIntoTheArguments)
 {
     // Out-of-court item 10 at 5,200 euro: band 156-312, halfway 234.
-    std::vector<Value> args{money("5200"), Value(50), Value("OnorariStrag2004Euro"), Value(false), Value(10),
-                            Value(0),      Value(0),  Value(0),                      Value(0),     Value("")};
+    std::vector<Value> args{
+        money("5200"), Value(50), Value("OnorariStrag2004Euro"), Value(false), Value(10), Value(0), Value(0), Value(0),
+        Value(0),      Value("")};
     auto parcella = CreateObject("AvlorLogic.ClsParcella");
     const DispatchResult r = parcella->invoke("calcolatariffa", args);
     EXPECT_EQ(valueOf(r).asCurrency().toFixed4(), "234.0000");
@@ -133,8 +137,10 @@ TEST_F(LateBoundTest, CalcolaTariffaWritesTheBandBackIntoTheArguments)
 
 TEST_F(LateBoundTest, CalcolaTariffaTakesTextsThatReadAsNumbers)
 {
-    std::vector<Value> args{Value("5200"), Value("50"), Value(" onorariStrag2004euro "), Value("0"), Value("10"),
-                            Value("0"),    Value("0"),  Value("0"),                      Value("0"), Value("")};
+    std::vector<Value> args{Value("5200"), Value("50"), Value(" onorariStrag2004euro "),
+                            Value("0"),    Value("10"), Value("0"),
+                            Value("0"),    Value("0"),  Value("0"),
+                            Value("")};
     const DispatchResult r = CreateObject("AvlorLogic.ClsParcella")->invoke("CalcolaTariffa", args);
     EXPECT_EQ(valueOf(r).asCurrency().toFixed4(), "234.0000");
     EXPECT_EQ(args[6].asCurrency().toFixed4(), "312.0000");
@@ -143,8 +149,10 @@ TEST_F(LateBoundTest, CalcolaTariffaTakesTextsThatReadAsNumbers)
 TEST_F(LateBoundTest, CalcolaTariffaWithNothingToProposeShowsTheMessageAndAnswersZero)
 {
     ScopedMessageRecorder messages;
-    std::vector<Value> args{money("1000"), Value(50), Value("TabellaInesistente"), Value(false), Value(1),
-                            money("7"),    money("8"), money("9"),                 money("10"),  Value("")};
+    std::vector<Value> args{money("1000"), Value(50),  Value("TabellaInesistente"),
+                            Value(false),  Value(1),   money("7"),
+                            money("8"),    money("9"), money("10"),
+                            Value("")};
     const DispatchResult r = CreateObject("AvlorLogic.ClsParcella")->invoke("CalcolaTariffa", args);
     EXPECT_EQ(valueOf(r).asCurrency().toFixed4(), "0.0000");
     // An unknown table sets no output: the caller's values stay.
@@ -158,8 +166,9 @@ TEST_F(LateBoundTest, CalcolaTariffaWithNothingToProposeShowsTheMessageAndAnswer
 
 TEST_F(LateBoundTest, CalcolaTariffaRefusesANullAmountBeforePricing)
 {
-    std::vector<Value> args{Value::null(), Value(50), Value("OnorariStrag2004Euro"), Value(false), Value(10),
-                            Value(0),      Value(0),  Value(0),                      Value(0),     Value("")};
+    std::vector<Value> args{
+        Value::null(), Value(50), Value("OnorariStrag2004Euro"), Value(false), Value(10), Value(0), Value(0), Value(0),
+        Value(0),      Value("")};
     auto parcella = CreateObject("AvlorLogic.ClsParcella");
     EXPECT_THROW(parcella->invoke("CalcolaTariffa", args), ValueError);
 }

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <limits>
 
-#include "avlor/core/Currency.h"
 #include "ValueErrorKind.h"
+#include "avlor/core/Currency.h"
 #include "avlor/core/Error.h"
 
 namespace avlor {
@@ -201,8 +201,8 @@ TEST(Currency, ProductsByNonWholeNumbersRoundHalvesToEven)
 {
     // 0.0003 x 0.5 is the double just below 0.00015: 1, not 2.
     EXPECT_EQ(Currency::fromRaw(3).timesDouble(0.5).raw(), 1);
-    EXPECT_EQ(Currency::fromRaw(5).timesDouble(0.5).raw(), 2);  // 2.5 -> 2
-    EXPECT_EQ(Currency::fromRaw(7).timesDouble(0.5).raw(), 4);  // 3.5 -> 4
+    EXPECT_EQ(Currency::fromRaw(5).timesDouble(0.5).raw(), 2); // 2.5 -> 2
+    EXPECT_EQ(Currency::fromRaw(7).timesDouble(0.5).raw(), 4); // 3.5 -> 4
     EXPECT_EQ(Currency::fromRaw(-5).timesDouble(0.5).raw(), -2);
     EXPECT_EQ(Currency::fromWhole(100).timesDouble(1.5).raw(), 1500000);
     EXPECT_EQ(kindOf([] { (void)Currency::max().timesDouble(1.5); }), ValueError::Kind::Overflow);
@@ -211,12 +211,12 @@ TEST(Currency, ProductsByNonWholeNumbersRoundHalvesToEven)
 
 TEST(Currency, QuotientsRoundHalvesToEven)
 {
-    EXPECT_EQ(Currency::fromRaw(50).dividedBy(100.0).raw(), 0);   // 0.5 -> 0
+    EXPECT_EQ(Currency::fromRaw(50).dividedBy(100.0).raw(), 0); // 0.5 -> 0
     // 0.015 / 100 is the double just below 0.00015: 1, not 2.
     EXPECT_EQ(Currency::fromRaw(150).dividedBy(100.0).raw(), 1);
-    EXPECT_EQ(Currency::fromRaw(450).dividedBy(100.0).raw(), 4);  // 4.5 -> 4
-    EXPECT_EQ(Currency::fromRaw(650).dividedBy(100.0).raw(), 6);  // 6.5 -> 6
-    EXPECT_EQ(Currency::fromRaw(250).dividedBy(100.0).raw(), 2);  // 2.5 -> 2
+    EXPECT_EQ(Currency::fromRaw(450).dividedBy(100.0).raw(), 4); // 4.5 -> 4
+    EXPECT_EQ(Currency::fromRaw(650).dividedBy(100.0).raw(), 6); // 6.5 -> 6
+    EXPECT_EQ(Currency::fromRaw(250).dividedBy(100.0).raw(), 2); // 2.5 -> 2
     EXPECT_EQ(Currency::fromRaw(-250).dividedBy(100.0).raw(), -2);
     EXPECT_EQ(Currency::fromRaw(251).dividedBy(100.0).raw(), 3);
     EXPECT_EQ(Currency::fromWhole(10).dividedBy(3.0).raw(), 33333);

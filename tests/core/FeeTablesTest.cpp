@@ -63,9 +63,10 @@ TEST(FeeTables, TheCatalogueListsTheTwelveTablesInMatchingOrder)
     std::string names;
     for (const FeeTable& table : feeTables())
         names += std::string(table.name) + " ";
-    EXPECT_EQ(names, "Diritti94 Diritti94Euro Diritti2004Euro Onorari94 Onorari94Euro Onorari2004Euro "
-                     "OnorariPenali94 OnorariPenali94Euro OnorariPenali2004Euro OnorariStrag94 "
-                     "OnorariStrag94Euro OnorariStrag2004Euro ");
+    EXPECT_EQ(names,
+              "Diritti94 Diritti94Euro Diritti2004Euro Onorari94 Onorari94Euro Onorari2004Euro "
+              "OnorariPenali94 OnorariPenali94Euro OnorariPenali2004Euro OnorariStrag94 "
+              "OnorariStrag94Euro OnorariStrag2004Euro ");
 }
 
 TEST(FeeTables, RequiringATableNamesTheTablesWhenTheNameIsNoTable)

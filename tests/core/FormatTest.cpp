@@ -9,8 +9,14 @@
 namespace avlor {
 namespace {
 
-std::string euro(std::int64_t raw, const Locale& locale) { return formatAmount(Currency::fromRaw(raw), FormatoEuro, locale); }
-std::string lire(std::int64_t raw, const Locale& locale) { return formatAmount(Currency::fromRaw(raw), FormatoLire, locale); }
+std::string euro(std::int64_t raw, const Locale& locale)
+{
+    return formatAmount(Currency::fromRaw(raw), FormatoEuro, locale);
+}
+std::string lire(std::int64_t raw, const Locale& locale)
+{
+    return formatAmount(Currency::fromRaw(raw), FormatoLire, locale);
+}
 
 TEST(FormatAmount, ItalianTwoDecimals)
 {
@@ -30,12 +36,12 @@ TEST(FormatAmount, ItalianTwoDecimals)
 TEST(FormatAmount, LastDecimalRoundsHalvesToEvenExactly)
 {
     const Locale us = Locale::unitedStates();
-    EXPECT_EQ(euro(1250, us), ".12");  // 0.125
-    EXPECT_EQ(euro(1350, us), ".14");  // 0.135
-    EXPECT_EQ(euro(1251, us), ".13");  // 0.1251
-    EXPECT_EQ(euro(1249, us), ".12");  // 0.1249
-    EXPECT_EQ(euro(50, us), ".00");    // 0.005
-    EXPECT_EQ(euro(150, us), ".02");   // 0.015
+    EXPECT_EQ(euro(1250, us), ".12"); // 0.125
+    EXPECT_EQ(euro(1350, us), ".14"); // 0.135
+    EXPECT_EQ(euro(1251, us), ".13"); // 0.1251
+    EXPECT_EQ(euro(1249, us), ".12"); // 0.1249
+    EXPECT_EQ(euro(50, us), ".00"); // 0.005
+    EXPECT_EQ(euro(150, us), ".02"); // 0.015
     EXPECT_EQ(euro(-1250, us), "-.12");
     EXPECT_EQ(euro(-1350, us), "-.14");
     EXPECT_EQ(euro(99950, us), "10.00"); // 9.995 carries into the units
@@ -64,12 +70,12 @@ TEST(FormatAmount, LirePatterns)
 {
     const Locale it = Locale::italian();
     EXPECT_EQ(lire(0, it), "");
-    EXPECT_EQ(lire(5000, it), "");        // 0.5 -> 0
-    EXPECT_EQ(lire(15000, it), "2");      // 1.5 -> 2
-    EXPECT_EQ(lire(25000, it), "2");      // 2.5 -> 2
+    EXPECT_EQ(lire(5000, it), ""); // 0.5 -> 0
+    EXPECT_EQ(lire(15000, it), "2"); // 1.5 -> 2
+    EXPECT_EQ(lire(25000, it), "2"); // 2.5 -> 2
     EXPECT_EQ(lire(25001, it), "3");
-    EXPECT_EQ(lire(12345000, it), "1.234");  // 1234.5 -> 1234
-    EXPECT_EQ(lire(12355000, it), "1.236");  // 1235.5 -> 1236
+    EXPECT_EQ(lire(12345000, it), "1.234"); // 1234.5 -> 1234
+    EXPECT_EQ(lire(12355000, it), "1.236"); // 1235.5 -> 1236
     EXPECT_EQ(lire(12345670000, it), "1.234.567");
     EXPECT_EQ(lire(-50000000, it), "-5.000");
     EXPECT_EQ(lire(9990000, it), "999");

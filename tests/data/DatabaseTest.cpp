@@ -18,7 +18,8 @@ namespace {
 // Sets an environment variable for one test and puts the old value back.
 class ScopedEnv {
 public:
-    ScopedEnv(const char* name, const char* value) : name_(name) {
+    ScopedEnv(const char* name, const char* value) : name_(name)
+    {
         if (const char* old = std::getenv(name)) {
             old_ = old;
         }
@@ -28,7 +29,8 @@ public:
             unsetenv(name);
         }
     }
-    ~ScopedEnv() {
+    ~ScopedEnv()
+    {
         if (old_) {
             setenv(name_, old_->c_str(), 1);
         } else {
@@ -46,7 +48,7 @@ private:
 // Puts back the database the host had set.
 class ScopedHostDatabase {
 public:
-    ScopedHostDatabase() : previous_(databaseSetByHost()) {}
+    ScopedHostDatabase() : previous_(databaseSetByHost()) { }
     ~ScopedHostDatabase() { setCurrentDatabase(previous_); }
     ScopedHostDatabase(const ScopedHostDatabase&) = delete;
     ScopedHostDatabase& operator=(const ScopedHostDatabase&) = delete;
@@ -55,7 +57,8 @@ private:
     std::string previous_;
 };
 
-TEST(Location, DefaultFollowsXdgDataHome) {
+TEST(Location, DefaultFollowsXdgDataHome)
+{
     const ScopedEnv home("HOME", "/home/avvocato");
     {
         const ScopedEnv xdg("XDG_DATA_HOME", "/srv/dati");
@@ -71,7 +74,8 @@ TEST(Location, DefaultFollowsXdgDataHome) {
     }
 }
 
-TEST(Location, HostThenEnvironmentThenDefault) {
+TEST(Location, HostThenEnvironmentThenDefault)
+{
     const ScopedHostDatabase restore;
     const ScopedEnv xdg("XDG_DATA_HOME", "/srv/dati");
     setCurrentDatabase("");
@@ -89,7 +93,8 @@ TEST(Location, HostThenEnvironmentThenDefault) {
     EXPECT_EQ(currentDatabase(), "/tmp/studio.db");
 }
 
-TEST(Pool, OneConnectionPerLocation) {
+TEST(Pool, OneConnectionPerLocation)
+{
     test::TestDatabase db;
     const auto first = connectionFor(db.location());
     EXPECT_EQ(connectionFor(db.location()), first);
@@ -103,7 +108,8 @@ TEST(Pool, OneConnectionPerLocation) {
     EXPECT_NE(connectionFor(db.location()), second);
 }
 
-TEST(Pool, RecordAccessUsesTheCurrentDatabase) {
+TEST(Pool, RecordAccessUsesTheCurrentDatabase)
+{
     test::TestDatabase one;
     one.exec("UPDATE Versioni SET Versione = 11");
     {
@@ -118,7 +124,8 @@ TEST(Pool, RecordAccessUsesTheCurrentDatabase) {
     EXPECT_EQ(data.Campo("Versione", TipoNumero).asLong(), 11);
 }
 
-TEST(Pool, MissingDatabaseIsAnErrorAndIsNotCreated) {
+TEST(Pool, MissingDatabaseIsAnErrorAndIsNotCreated)
+{
     test::TestDatabase db;
     const auto missing = db.folder() / "missing.db";
     EXPECT_THROW((void)connectionFor(missing.string()), DataError);
@@ -131,14 +138,16 @@ TEST(Pool, MissingDatabaseIsAnErrorAndIsNotCreated) {
     EXPECT_THROW(data.Apri("Versioni", 0, 1, -1), DataError);
 }
 
-TEST(Pool, FileThatIsNotADatabase) {
+TEST(Pool, FileThatIsNotADatabase)
+{
     test::TestDatabase db;
     const auto file = db.folder() / "note.txt";
     std::ofstream(file) << "not a database, just some text that is long enough to be read as a header";
     EXPECT_THROW((void)connectionFor(file.string()), DataError);
 }
 
-TEST(Create, RefusesAnExistingDatabase) {
+TEST(Create, RefusesAnExistingDatabase)
+{
     test::TestDatabase db;
     closeConnections();
     try {
@@ -152,7 +161,8 @@ TEST(Create, RefusesAnExistingDatabase) {
     EXPECT_THROW(createPracticeDatabase(db.location()), DataError);
 }
 
-TEST(Create, RefusesAnExistingFileEvenEmpty) {
+TEST(Create, RefusesAnExistingFileEvenEmpty)
+{
     test::TestDatabase db;
     const auto file = db.folder() / "empty.db";
     std::ofstream(file).close();
@@ -164,7 +174,8 @@ TEST(Create, RefusesAnExistingFileEvenEmpty) {
     EXPECT_EQ(std::filesystem::file_size(text), 16U);
 }
 
-TEST(Create, MakesTheFolderAndTakesUris) {
+TEST(Create, MakesTheFolderAndTakesUris)
+{
     test::TestDatabase db;
     const auto nested = db.folder() / "a" / "b" / "studio.db";
     createPracticeDatabase(nested.string());
@@ -180,7 +191,8 @@ TEST(Create, MakesTheFolderAndTakesUris) {
     closeConnections(nested.string());
 }
 
-TEST(Location, TheFileOfASqliteLocation) {
+TEST(Location, TheFileOfASqliteLocation)
+{
     EXPECT_EQ(databaseFile("/srv/studio/avlor.db"), std::filesystem::path("/srv/studio/avlor.db"));
     EXPECT_EQ(databaseFile("relative.db"), std::filesystem::path("relative.db"));
     EXPECT_EQ(databaseFile("file:///srv/studio/a%20b.db?mode=rw"), std::filesystem::path("/srv/studio/a b.db"));
@@ -192,7 +204,8 @@ TEST(Location, TheFileOfASqliteLocation) {
     }
 }
 
-TEST(Create, RemovingADatabaseDeletesItsFileAndJournals) {
+TEST(Create, RemovingADatabaseDeletesItsFileAndJournals)
+{
     test::TestDatabase db;
     const std::string uri = "file:" + (db.folder() / "da%20togliere.db").string();
     const std::filesystem::path file = db.folder() / "da togliere.db";
@@ -211,7 +224,8 @@ TEST(Create, RemovingADatabaseDeletesItsFileAndJournals) {
     removeDatabaseFiles(":memory:");
 }
 
-TEST(Create, InMemoryDatabase) {
+TEST(Create, InMemoryDatabase)
+{
     const std::string location = "file:avlor-memory-test?mode=memory&cache=shared";
     createPracticeDatabase(location);
     EXPECT_EQ(connectionFor(location)->tableNames().size(), 24U);
@@ -221,7 +235,8 @@ TEST(Create, InMemoryDatabase) {
 
 // Server locations go to the PostgreSQL backend, in both spellings of the
 // scheme; here nothing listens on the port.
-TEST(Create, ServerLocationsGoToThePostgresqlBackend) {
+TEST(Create, ServerLocationsGoToThePostgresqlBackend)
+{
     for (const char* location : {"postgresql://avlor@127.0.0.1:1/studio", "postgres://avlor@127.0.0.1:1/studio"}) {
         try {
             createPracticeDatabase(location);

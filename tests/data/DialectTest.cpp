@@ -12,7 +12,7 @@ namespace {
 std::string sqlite(const std::string& statement) { return SqliteDialect::instance().translate(statement); }
 
 // Statements the dialect must leave exactly as written.
-class UnchangedStatement : public testing::TestWithParam<std::string> {};
+class UnchangedStatement : public testing::TestWithParam<std::string> { };
 
 TEST_P(UnchangedStatement, RunsAsWritten) { EXPECT_EQ(sqlite(GetParam()), GetParam()); }
 
@@ -26,9 +26,8 @@ INSTANTIATE_TEST_SUITE_P(
         "SELECT * FROM OnorariPenali94 WHERE Id = 1", "SELECT * FROM OnorariPenali94Euro WHERE Id = 2",
         "SELECT * FROM OnorariPenali2004Euro WHERE Id = 3",
         // Dialog start-up, lists, grid, loading, saving.
-        "SELECT Valuta,Valore,Cambio,Rilevanza,Autorita FROM Pratica  WHERE ID_Pra = 5",
-        "SELECT * FROM ConfigGenerale", "SELECT * FROM Utenti ORDER BY ID_Utente",
-        "SELECT * FROM ParcellaBase ORDER BY CodiceParcella",
+        "SELECT Valuta,Valore,Cambio,Rilevanza,Autorita FROM Pratica  WHERE ID_Pra = 5", "SELECT * FROM ConfigGenerale",
+        "SELECT * FROM Utenti ORDER BY ID_Utente", "SELECT * FROM ParcellaBase ORDER BY CodiceParcella",
         "SELECT * FROM ParcellaBase WHERE IsPenale= 'true' ORDER BY CodiceParcella",
         "SELECT * FROM ParcellaBase  ORDER BY NomeParcella ", "SELECT * FROM Diritti2004Euro ORDER BY CodiceTariffa",
         "SELECT * FROM Diritti2004Euro ORDER BY Azione",
@@ -62,7 +61,8 @@ INSTANTIATE_TEST_SUITE_P(
         "SELECT * FROM Azioni WHERE Descr = 'a; b' AND Codice = 'CONVERT (SMALLDATETIME,''02/06/2004'', 105)'",
         "SELECT * FROM Azioni WHERE \"true\" = 1", "SELECT * FROM Azioni -- true; false\n"));
 
-TEST(SqliteDialect, DateFormBecomesIsoLiteral) {
+TEST(SqliteDialect, DateFormBecomesIsoLiteral)
+{
     EXPECT_EQ(sqlite("SELECT NOrdine,Data FROM Azioni WHERE IdPra = 5 AND IsTariffa = 'TRUE'  AND Data <= "
                      "CONVERT (SMALLDATETIME,'02/06/2004', 105)  ORDER BY Data DESC,NOrdine DESC"),
               "SELECT NOrdine,Data FROM Azioni WHERE IdPra = 5 AND IsTariffa = 'TRUE'  AND Data <= "
@@ -73,13 +73,16 @@ TEST(SqliteDialect, DateFormBecomesIsoLiteral) {
               " AND Data <= '1994-10-01'  ORDER BY Data DESC,NOrdine DESC");
     // Spacing and letter case of the form do not matter, nor the separators
     // that style 105 allows.
-    EXPECT_EQ(sqlite("SELECT 1 WHERE d = CONVERT (SMALLDATETIME,'02-06-2004', 105) "), "SELECT 1 WHERE d = '2004-06-02' ");
-    EXPECT_EQ(sqlite("SELECT 1 WHERE d = CONVERT (SMALLDATETIME,'2.6.2004', 105) "), "SELECT 1 WHERE d = '2004-06-02' ");
+    EXPECT_EQ(sqlite("SELECT 1 WHERE d = CONVERT (SMALLDATETIME,'02-06-2004', 105) "),
+              "SELECT 1 WHERE d = '2004-06-02' ");
+    EXPECT_EQ(sqlite("SELECT 1 WHERE d = CONVERT (SMALLDATETIME,'2.6.2004', 105) "),
+              "SELECT 1 WHERE d = '2004-06-02' ");
     EXPECT_EQ(sqlite("SELECT 1 WHERE d = convert(smalldatetime , '29/02/2004',105)"),
               "SELECT 1 WHERE d = '2004-02-29'");
 }
 
-TEST(SqliteDialect, DateFormWithANonDateIsRefused) {
+TEST(SqliteDialect, DateFormWithANonDateIsRefused)
+{
     EXPECT_THROW((void)sqlite("SELECT 1 WHERE d = CONVERT (SMALLDATETIME,'31/02/2004', 105) "), DataError);
     EXPECT_THROW((void)sqlite("SELECT 1 WHERE d = CONVERT (SMALLDATETIME,'', 105) "), DataError);
     try {
@@ -91,13 +94,15 @@ TEST(SqliteDialect, DateFormWithANonDateIsRefused) {
     }
 }
 
-TEST(SqliteDialect, OtherConvertFormsAreLeftToTheDatabase) {
+TEST(SqliteDialect, OtherConvertFormsAreLeftToTheDatabase)
+{
     EXPECT_EQ(sqlite("SELECT CONVERT (SMALLDATETIME,'02/06/2004', 103)"),
               "SELECT CONVERT (SMALLDATETIME,'02/06/2004', 103)");
     EXPECT_EQ(sqlite("SELECT CONVERT (INT,'7')"), "SELECT CONVERT (INT,'7')");
 }
 
-TEST(SqliteDialect, BareFlagsBecomeQuotedWords) {
+TEST(SqliteDialect, BareFlagsBecomeQuotedWords)
+{
     EXPECT_EQ(sqlite("SELECT * FROM ParcellaBase WHERE IsPenale= true ORDER BY CodiceParcella"),
               "SELECT * FROM ParcellaBase WHERE IsPenale= 'True' ORDER BY CodiceParcella");
     EXPECT_EQ(sqlite("SELECT * FROM Azioni WHERE bFattura=FALSE OR IsTariffa = True"),
@@ -106,13 +111,15 @@ TEST(SqliteDialect, BareFlagsBecomeQuotedWords) {
     EXPECT_EQ(sqlite("SELECT t.true, true(x), trueness FROM t"), "SELECT t.true, true(x), trueness FROM t");
 }
 
-TEST(SqliteDialect, ClosingSemicolonIsDropped) {
+TEST(SqliteDialect, ClosingSemicolonIsDropped)
+{
     EXPECT_EQ(sqlite("SELECT Fatture.ResiduoASaldo From Fatture WHERE (((Fatture.ID_Fattura)=3));"),
               "SELECT Fatture.ResiduoASaldo From Fatture WHERE (((Fatture.ID_Fattura)=3))");
     EXPECT_EQ(sqlite("SELECT 1;  \n "), "SELECT 1");
 }
 
-TEST(SqliteDialect, TextAfterASemicolonIsRefused) {
+TEST(SqliteDialect, TextAfterASemicolonIsRefused)
+{
     EXPECT_THROW((void)sqlite("SELECT 1; DELETE FROM Azioni"), DataError);
     EXPECT_THROW((void)sqlite("SELECT 1;;"), DataError);
     EXPECT_THROW((void)sqlite("SELECT 1; -- nothing"), DataError);
@@ -120,7 +127,8 @@ TEST(SqliteDialect, TextAfterASemicolonIsRefused) {
                  DataError);
 }
 
-TEST(SqliteDialect, BareTableNameOpensTheWholeTable) {
+TEST(SqliteDialect, BareTableNameOpensTheWholeTable)
+{
     EXPECT_EQ(sqlite("Versioni"), "SELECT * FROM Versioni");
     EXPECT_EQ(sqlite("Utenti"), "SELECT * FROM Utenti");
     EXPECT_EQ(sqlite(" Azioni "), "SELECT * FROM Azioni");
@@ -131,7 +139,8 @@ TEST(SqliteDialect, BareTableNameOpensTheWholeTable) {
     EXPECT_FALSE(Dialect::isBareTableName("12"));
 }
 
-TEST(SqliteDialect, ScriptsSplitOutsideQuotes) {
+TEST(SqliteDialect, ScriptsSplitOutsideQuotes)
+{
     const std::vector<std::string> expected = {"INSERT INTO t VALUES ('a;b')", " UPDATE t SET x = 1",
                                                "\n-- ; comment\nDELETE FROM t"};
     EXPECT_EQ(Dialect::splitScript("INSERT INTO t VALUES ('a;b'); UPDATE t SET x = 1;\n-- ; comment\nDELETE FROM t;"
@@ -139,7 +148,8 @@ TEST(SqliteDialect, ScriptsSplitOutsideQuotes) {
               expected);
 }
 
-TEST(SqliteDialect, IdentifiersAreQuoted) {
+TEST(SqliteDialect, IdentifiersAreQuoted)
+{
     EXPECT_EQ(Dialect::quoteIdentifier("NOrdine"), "\"NOrdine\"");
     EXPECT_EQ(Dialect::quoteIdentifier("a\"b"), "\"a\"\"b\"");
 }

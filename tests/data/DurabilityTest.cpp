@@ -21,7 +21,8 @@ namespace {
 // A raw SQLite handle on the file, as another program would open it.
 class RawHandle {
 public:
-    explicit RawHandle(const std::string& file) {
+    explicit RawHandle(const std::string& file)
+    {
         if (sqlite3_open_v2(file.c_str(), &db_, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
             throw std::runtime_error("cannot open " + file);
         }
@@ -31,7 +32,8 @@ public:
     RawHandle(const RawHandle&) = delete;
     RawHandle& operator=(const RawHandle&) = delete;
 
-    std::string text(const std::string& sql) const {
+    std::string text(const std::string& sql) const
+    {
         sqlite3_stmt* statement = nullptr;
         std::string result;
         if (sqlite3_prepare_v2(db_, sql.c_str(), -1, &statement, nullptr) == SQLITE_OK &&
@@ -49,7 +51,8 @@ private:
 
 // Writes action number `n` of case 100 through the record-access layer:
 // each field tells the row's number, so a half-written row shows.
-void writeAction(int n) {
+void writeAction(int n)
+{
     clsAccessoDati data;
     data.Apri("Azioni", 1, 3, -1);
     data.Recordset().AddNew();
@@ -63,7 +66,8 @@ void writeAction(int n) {
 }
 
 // The database is sound and holds rows 1..count of case 100, each whole.
-void expectWholeRows(const std::string& file, int atLeast, int atMost) {
+void expectWholeRows(const std::string& file, int atLeast, int atMost)
+{
     RawHandle raw(file);
     EXPECT_EQ(raw.text("PRAGMA integrity_check"), "ok");
     const int count = std::stoi(raw.text("SELECT Count(*) FROM Azioni WHERE IdPra = 100"));
@@ -80,13 +84,15 @@ void expectWholeRows(const std::string& file, int atLeast, int atMost) {
 // writers, two writers at once) is tested in tests/postgresql.
 constexpr const char* SqliteFileChecks = "the test reads the database file with SQLite's own handle";
 
-int waitFor(pid_t child) {
+int waitFor(pid_t child)
+{
     int status = 0;
     waitpid(child, &status, 0);
     return status;
 }
 
-TEST(Durability, ConnectionSettings) {
+TEST(Durability, ConnectionSettings)
+{
     AVLOR_SQLITE_ONLY(SqliteFileChecks);
     test::TestDatabase db;
     EXPECT_EQ(db.value("SELECT * FROM pragma_journal_mode").asText(), "wal");
@@ -97,7 +103,8 @@ TEST(Durability, ConnectionSettings) {
     EXPECT_EQ(raw.text("PRAGMA journal_mode"), "wal"); // kept in the file
 }
 
-TEST(Durability, RowsWrittenBeforeAnErrorStay) {
+TEST(Durability, RowsWrittenBeforeAnErrorStay)
+{
     AVLOR_SQLITE_ONLY(SqliteFileChecks);
     test::TestDatabase db;
     writeAction(1);
@@ -113,7 +120,8 @@ TEST(Durability, RowsWrittenBeforeAnErrorStay) {
 
 // The writer kills itself right after its 25th row: every row it wrote is
 // there, without any orderly close.
-TEST(Durability, ProcessKilledAfterItsWrites) {
+TEST(Durability, ProcessKilledAfterItsWrites)
+{
     AVLOR_SQLITE_ONLY(SqliteFileChecks);
     test::TestDatabase db;
     closeConnections(); // no connection crosses the fork
@@ -135,7 +143,8 @@ TEST(Durability, ProcessKilledAfterItsWrites) {
 }
 
 // The writer is killed from outside while it writes as fast as it can.
-TEST(Durability, ProcessKilledWhileWriting) {
+TEST(Durability, ProcessKilledWhileWriting)
+{
     AVLOR_SQLITE_ONLY(SqliteFileChecks);
     test::TestDatabase db;
     closeConnections();
@@ -166,7 +175,8 @@ TEST(Durability, ProcessKilledWhileWriting) {
 
 // Another process holds the write lock for a while: a write here waits for
 // it and then succeeds.
-TEST(Durability, SecondProcessWaitsForTheWriter) {
+TEST(Durability, SecondProcessWaitsForTheWriter)
+{
     AVLOR_SQLITE_ONLY(SqliteFileChecks);
     test::TestDatabase db;
     closeConnections();

@@ -18,7 +18,8 @@ using test::PracticeTest;
 
 class FieldKinds : public PracticeTest {
 protected:
-    void SetUp() override {
+    void SetUp() override
+    {
         PracticeTest::SetUp();
         db.exec("INSERT INTO Azioni (IdAzione, IdPra, Quantita, Descr, Codice, Data, Onorari, bFattura, Ore) "
                 "VALUES (20, 8, '', NULL, ' 12 ', NULL, NULL, NULL, 1.5)");
@@ -27,10 +28,11 @@ protected:
     }
 
     clsAccessoDati data; // the row with nulls and empty text
-    clsAccessoDati one;  // a complete row
+    clsAccessoDati one; // a complete row
 };
 
-TEST_F(FieldKinds, NullStaysNullForEveryKind) {
+TEST_F(FieldKinds, NullStaysNullForEveryKind)
+{
     for (const char* field : {"Descr", "Data", "Onorari", "bFattura", "TabellaTariffa"}) {
         for (const std::int32_t kind : {TipoTesto, TipoNumero, TipoData}) {
             EXPECT_TRUE(data.Campo(field, kind).isNull()) << field << " kind " << kind;
@@ -38,7 +40,8 @@ TEST_F(FieldKinds, NullStaysNullForEveryKind) {
     }
 }
 
-TEST_F(FieldKinds, EmptyText) {
+TEST_F(FieldKinds, EmptyText)
+{
     const Value asText = data.Campo("Quantita", TipoTesto);
     ASSERT_EQ(asText.kind(), ValueKind::Text);
     EXPECT_EQ(asText.asText(), "");
@@ -46,7 +49,8 @@ TEST_F(FieldKinds, EmptyText) {
     EXPECT_THROW((void)data.Campo("Quantita", TipoData), ValueError);
 }
 
-TEST_F(FieldKinds, TextReadAsNumber) {
+TEST_F(FieldKinds, TextReadAsNumber)
+{
     const Value code = data.Campo("Codice", TipoNumero);
     ASSERT_EQ(code.kind(), ValueKind::Long);
     EXPECT_EQ(code.asLong(), 12);
@@ -58,7 +62,8 @@ TEST_F(FieldKinds, TextReadAsNumber) {
     }
 }
 
-TEST_F(FieldKinds, Amounts) {
+TEST_F(FieldKinds, Amounts)
+{
     const Value fee = one.Campo("Onorari", TipoNumero);
     ASSERT_EQ(fee.kind(), ValueKind::Currency);
     EXPECT_EQ(fee.asCurrency(), Currency::fromWhole(250));
@@ -66,7 +71,8 @@ TEST_F(FieldKinds, Amounts) {
     EXPECT_EQ(one.Campo("Onorari", TipoTesto).asText(), "250");
 }
 
-TEST_F(FieldKinds, Dates) {
+TEST_F(FieldKinds, Dates)
+{
     const Value date = one.Campo("Data", TipoData);
     ASSERT_EQ(date.kind(), ValueKind::Date);
     EXPECT_EQ(date.asDate(), Date::fromYmd(2004, 6, 2));
@@ -76,7 +82,8 @@ TEST_F(FieldKinds, Dates) {
     EXPECT_THROW((void)one.Campo("Descr", TipoData), ValueError);
 }
 
-TEST_F(FieldKinds, TextReadAsDate) {
+TEST_F(FieldKinds, TextReadAsDate)
+{
     db.exec("INSERT INTO Azioni (IdAzione, IdPra, Descr, Codice) VALUES (21, 8, '02/06/2004', '2004-06-03')");
     clsAccessoDati row;
     row.Apri("SELECT * FROM Azioni WHERE IdAzione = 21", 0, 1, -1);
@@ -84,7 +91,8 @@ TEST_F(FieldKinds, TextReadAsDate) {
     EXPECT_EQ(row.Campo("Codice", TipoData).asDate(), Date::fromYmd(2004, 6, 3));
 }
 
-TEST_F(FieldKinds, Flags) {
+TEST_F(FieldKinds, Flags)
+{
     const Value asNumber = one.Campo("IsTariffa", TipoNumero);
     ASSERT_EQ(asNumber.kind(), ValueKind::Integer);
     EXPECT_EQ(asNumber.asInteger(), -1);
@@ -97,7 +105,8 @@ TEST_F(FieldKinds, Flags) {
     EXPECT_EQ(hourly.Campo("IsTariffa", TipoTesto).asText(), "False");
 }
 
-TEST_F(FieldKinds, WholeNumbersAndFractions) {
+TEST_F(FieldKinds, WholeNumbersAndFractions)
+{
     EXPECT_EQ(one.Campo("NOrdine", TipoNumero).kind(), ValueKind::Long);
     EXPECT_EQ(one.Campo("NOrdine", TipoTesto).asText(), "2");
     const Value hours = data.Campo("Ore", TipoNumero);
@@ -106,18 +115,21 @@ TEST_F(FieldKinds, WholeNumbersAndFractions) {
     EXPECT_EQ(data.Campo("Ore", TipoTesto).asText(), "1.5");
 }
 
-TEST_F(FieldKinds, UnknownKindOrFieldIsAnError) {
+TEST_F(FieldKinds, UnknownKindOrFieldIsAnError)
+{
     EXPECT_THROW((void)one.Campo("Descr", 4), DataError);
     EXPECT_THROW((void)one.Campo("Descr", 0), DataError);
     EXPECT_THROW((void)one.Campo("NoSuchField", TipoTesto), DataError);
 }
 
-TEST_F(FieldKinds, FieldNamesIgnoreLetterCase) {
+TEST_F(FieldKinds, FieldNamesIgnoreLetterCase)
+{
     EXPECT_EQ(one.Campo("descr", TipoTesto).asText(), "Studio");
     EXPECT_EQ(one.Campo("IDAZIONE", TipoNumero).asLong(), 2);
 }
 
-TEST_F(PracticeTest, ExpressionColumnsReadByWhatTheyHold) {
+TEST_F(PracticeTest, ExpressionColumnsReadByWhatTheyHold)
+{
     clsAccessoDati data;
     data.Apri("SELECT Count(*) AS N, 3000000000 AS Big, 1.5 AS Half, 'x' AS T, NULL AS Nil, "
               "Sum(NOrdine) AS Total FROM Azioni",
@@ -132,7 +144,8 @@ TEST_F(PracticeTest, ExpressionColumnsReadByWhatTheyHold) {
     EXPECT_EQ(data.Campo("Total", TipoNumero).asLong(), 15);
 }
 
-TEST_F(PracticeTest, NoRowMeansFieldReadsFail) {
+TEST_F(PracticeTest, NoRowMeansFieldReadsFail)
+{
     clsAccessoDati data;
     const auto rows = data.Apri("Select LivelloRiservatezza FROM Utenti WHERE Id_Utente = 77", 0, 1, -1);
     EXPECT_TRUE(rows->Eof());
@@ -142,7 +155,8 @@ TEST_F(PracticeTest, NoRowMeansFieldReadsFail) {
     EXPECT_THROW(rows->MoveNext(), DataError);
 }
 
-TEST_F(PracticeTest, Navigation) {
+TEST_F(PracticeTest, Navigation)
+{
     clsAccessoDati data;
     const auto rows = data.Apri("SELECT IdAzione FROM Azioni WHERE IdPra = 5 ORDER BY IdAzione", 0, 1, -1);
     EXPECT_EQ(rows.get(), &data.Recordset());
@@ -160,7 +174,8 @@ TEST_F(PracticeTest, Navigation) {
     EXPECT_EQ(rows->FieldNames(), (std::vector<std::string>{"IdAzione"}));
 }
 
-TEST_F(PracticeTest, BareTableNameOpensTheWholeTable) {
+TEST_F(PracticeTest, BareTableNameOpensTheWholeTable)
+{
     clsAccessoDati data;
     data.Apri("Versioni", 0, 1, -1);
     EXPECT_EQ(data.Campo("Versione", TipoNumero).asLong(), 1);
@@ -171,18 +186,19 @@ TEST_F(PracticeTest, BareTableNameOpensTheWholeTable) {
     EXPECT_EQ(data.Recordset().RecordCount(), 5);
 }
 
-TEST_F(PracticeTest, OnlyTheTwoOpeningModes) {
+TEST_F(PracticeTest, OnlyTheTwoOpeningModes)
+{
     clsAccessoDati data;
-    for (const auto& [cursor, lock, options] :
-         {std::tuple{0, 3, -1}, std::tuple{1, 1, -1}, std::tuple{2, 3, -1}, std::tuple{0, 1, 1}, std::tuple{3, 1, -1},
-          std::tuple{1, 3, 2}}) {
+    for (const auto& [cursor, lock, options] : {std::tuple{0, 3, -1}, std::tuple{1, 1, -1}, std::tuple{2, 3, -1},
+                                                std::tuple{0, 1, 1}, std::tuple{3, 1, -1}, std::tuple{1, 3, 2}}) {
         EXPECT_THROW(data.Apri("Versioni", cursor, lock, options), DataError) << cursor << lock << options;
     }
     EXPECT_NO_THROW(data.Apri("Versioni", 0, 1, -1));
     EXPECT_NO_THROW(data.Apri("Versioni", 1, 3, -1));
 }
 
-TEST_F(PracticeTest, NothingOpenYet) {
+TEST_F(PracticeTest, NothingOpenYet)
+{
     clsAccessoDati data;
     EXPECT_THROW((void)data.Recordset(), DataError);
     EXPECT_THROW((void)data.Campo("Versione", TipoNumero), DataError);
@@ -191,7 +207,8 @@ TEST_F(PracticeTest, NothingOpenYet) {
 
 // The error of a rejected statement carries the database's message and the
 // statement, and a failed opening leaves no record set behind.
-void expectRejected(const std::string& statement, const std::string& message) {
+void expectRejected(const std::string& statement, const std::string& message)
+{
     clsAccessoDati data;
     data.Apri("Versioni", 0, 1, -1);
     try {
@@ -204,7 +221,8 @@ void expectRejected(const std::string& statement, const std::string& message) {
     EXPECT_THROW((void)data.Recordset(), DataError);
 }
 
-TEST_F(PracticeTest, RejectedStatements) {
+TEST_F(PracticeTest, RejectedStatements)
+{
     using test::TestDatabase;
     expectRejected("SELEC * FROM Azioni", "syntax error");
     expectRejected("SELECT * FROM Azionii",
@@ -217,7 +235,8 @@ TEST_F(PracticeTest, RejectedStatements) {
     expectRejected("DELETE FROM Azioni", "Not a query");
 }
 
-TEST_F(PracticeTest, ErrorsCarryTheDriverCode) {
+TEST_F(PracticeTest, ErrorsCarryTheDriverCode)
+{
     try {
         clsAccessoDati().Apri("SELEC * FROM Azioni", 0, 1, -1);
         FAIL();
@@ -230,7 +249,8 @@ TEST_F(PracticeTest, ErrorsCarryTheDriverCode) {
     }
 }
 
-TEST_F(PracticeTest, SecondStatementNeverRuns) {
+TEST_F(PracticeTest, SecondStatementNeverRuns)
+{
     clsAccessoDati data;
     EXPECT_THROW(data.Apri("SELECT * FROM Azioni WHERE IdAzione = 1; DELETE FROM Azioni", 0, 1, -1), DataError);
     EXPECT_THROW(data.Apri("SELECT * FROM Azioni WHERE IdAzione = 1; DELETE FROM Azioni", 1, 3, -1), DataError);
@@ -240,14 +260,16 @@ TEST_F(PracticeTest, SecondStatementNeverRuns) {
     EXPECT_NO_THROW(data.Apri("SELECT * FROM Azioni WHERE IdAzione = 1;  ", 0, 1, -1));
 }
 
-TEST_F(PracticeTest, DroppedTableMakesReadsFail) {
+TEST_F(PracticeTest, DroppedTableMakesReadsFail)
+{
     db.dropTable("Utenti");
     EXPECT_THROW(clsAccessoDati().Apri("Select LivelloRiservatezza FROM Utenti WHERE Id_Utente = 5", 0, 1, -1),
                  DataError);
     EXPECT_THROW((void)clsValoreSql::instance().ValoreSql("SELECT Count(*) FROM Utenti"), DataError);
 }
 
-TEST_F(PracticeTest, ValoreSql) {
+TEST_F(PracticeTest, ValoreSql)
+{
     const clsValoreSql& values = clsValoreSql::instance();
     EXPECT_EQ(&values, &clsValoreSql::instance());
     EXPECT_TRUE(values.ValoreSql("SELECT NomeUtente FROM Utenti WHERE ID_Utente = 77").isEmpty());
@@ -258,7 +280,8 @@ TEST_F(PracticeTest, ValoreSql) {
     EXPECT_THROW((void)values.ValoreSql("SELECT * FROM Nowhere"), DataError);
 }
 
-TEST(clsUtilitaDati, FormattaTestoSql) {
+TEST(clsUtilitaDati, FormattaTestoSql)
+{
     const clsUtilitaDati& util = clsUtilitaDati::instance();
     EXPECT_EQ(&util, &clsUtilitaDati::instance());
     EXPECT_EQ(util.FormattaTestoSql("Civile"), "'Civile'");
@@ -268,7 +291,8 @@ TEST(clsUtilitaDati, FormattaTestoSql) {
     EXPECT_EQ(util.FormattaTestoSql("a'b'c "), "'a''b''c '");
 }
 
-TEST(clsUtilitaDati, EsisteInCollezione) {
+TEST(clsUtilitaDati, EsisteInCollezione)
+{
     Collection seen;
     seen.Add(Value(5), std::string("K5"));
     seen.Add(Value(9));

@@ -15,18 +15,38 @@
 namespace avlor {
 namespace {
 
-TEST(Schema, NewDatabaseHoldsEveryTable) {
+TEST(Schema, NewDatabaseHoldsEveryTable)
+{
     test::TestDatabase db;
-    const std::vector<std::string> expected = {
-        "Anagrafica",      "Azioni",        "ConfigGenerale",        "Diritti2004Euro", "Diritti94",
-        "Diritti94Euro",   "Fatture",       "FonteTariffe",          "MultiIntesta",    "Onorari2004Euro",
-        "Onorari94",       "Onorari94Euro", "OnorariPenali2004Euro", "OnorariPenali94", "OnorariPenali94Euro",
-        "OnorariStrag2004Euro", "OnorariStrag94", "OnorariStrag94Euro", "ParcellaBase", "Pratica",
-        "RelGruppiUtenti", "Utenti",        "Versioni",              "VociParcellaBase"};
+    const std::vector<std::string> expected = {"Anagrafica",
+                                               "Azioni",
+                                               "ConfigGenerale",
+                                               "Diritti2004Euro",
+                                               "Diritti94",
+                                               "Diritti94Euro",
+                                               "Fatture",
+                                               "FonteTariffe",
+                                               "MultiIntesta",
+                                               "Onorari2004Euro",
+                                               "Onorari94",
+                                               "Onorari94Euro",
+                                               "OnorariPenali2004Euro",
+                                               "OnorariPenali94",
+                                               "OnorariPenali94Euro",
+                                               "OnorariStrag2004Euro",
+                                               "OnorariStrag94",
+                                               "OnorariStrag94Euro",
+                                               "ParcellaBase",
+                                               "Pratica",
+                                               "RelGruppiUtenti",
+                                               "Utenti",
+                                               "Versioni",
+                                               "VociParcellaBase"};
     EXPECT_EQ(db.connection()->tableNames(), expected);
 }
 
-TEST(Schema, VersionIsOne) {
+TEST(Schema, VersionIsOne)
+{
     test::TestDatabase db;
     const Value version = db.value("SELECT Versione FROM Versioni");
     ASSERT_EQ(version.kind(), ValueKind::Long);
@@ -34,7 +54,8 @@ TEST(Schema, VersionIsOne) {
     EXPECT_EQ(db.rows("Versioni").size(), 1U);
 }
 
-TEST(Schema, RefusesAnExistingEmptyFile) {
+TEST(Schema, RefusesAnExistingEmptyFile)
+{
     test::TestDatabase db;
     const auto file = db.folder() / "empty.db";
     std::ofstream(file).close();
@@ -45,14 +66,16 @@ TEST(Schema, RefusesAnExistingEmptyFile) {
 // The type the database declares for a column: SQLite's declared type, or
 // PostgreSQL's type of the same meaning written as SQLite's would be (so one
 // list of expectations serves both).
-std::string declaredType(const test::TestDatabase& db, const std::string& table, const std::string& column) {
+std::string declaredType(const test::TestDatabase& db, const std::string& table, const std::string& column)
+{
     if (!test::TestDatabase::onPostgresql()) {
         const Value declared =
             db.value("SELECT type FROM pragma_table_info('" + table + "') WHERE name = '" + column + "'");
         return declared.kind() == ValueKind::Text ? declared.asText() : "(none)";
     }
     const Value declared = db.value("SELECT format_type(atttypid, atttypmod) FROM pg_attribute WHERE attrelid = "
-                                    "to_regclass('" + table + "') AND attname = lower('" + column + "')");
+                                    "to_regclass('" +
+                                    table + "') AND attname = lower('" + column + "')");
     if (declared.kind() != ValueKind::Text) {
         return "(none)";
     }
@@ -72,52 +95,90 @@ std::string declaredType(const test::TestDatabase& db, const std::string& table,
 
 // Every column the application reads or writes, with the type that decides
 // how its values are stored.
-TEST(Schema, ColumnsAndTheirTypes) {
+TEST(Schema, ColumnsAndTheirTypes)
+{
     test::TestDatabase db;
     const std::vector<std::tuple<std::string, std::string, std::string>> columns = {
-        {"Pratica", "ID_Pra", "INTEGER"},         {"Pratica", "Valore", "CURRENCY"},
-        {"Pratica", "Valuta", "TEXT"},            {"Pratica", "Cambio", "CURRENCY"},
-        {"Pratica", "Rilevanza", "INTEGER"},      {"Pratica", "Autorita", "TEXT"},
-        {"Pratica", "Id_Riservata", "INTEGER"},   {"Pratica", "fk_Gruppo", "TEXT"},
-        {"Azioni", "IdAzione", "INTEGER"},        {"Azioni", "IdPra", "INTEGER"},
-        {"Azioni", "NOrdine", "INTEGER"},         {"Azioni", "Data", "DATE"},
-        {"Azioni", "TipoAzione", "INTEGER"},      {"Azioni", "IsTariffa", "BOOLEAN"},
-        {"Azioni", "Codice", "TEXT"},             {"Azioni", "Descr", "TEXT"},
-        {"Azioni", "Quantita", "TEXT"},           {"Azioni", "Valuta", "TEXT"},
-        {"Azioni", "Cambio", "CURRENCY"},         {"Azioni", "Onorari", "CURRENCY"},
-        {"Azioni", "Diritti", "CURRENCY"},        {"Azioni", "Esenti", "CURRENCY"},
-        {"Azioni", "Imponibili", "CURRENCY"},     {"Azioni", "Ore", "DOUBLE"},
-        {"Azioni", "Minuti", "INTEGER"},          {"Azioni", "InNotaSpese", "INTEGER"},
-        {"Azioni", "TabellaTariffa", "TEXT"},     {"Azioni", "IdVoceParcella", "INTEGER"},
-        {"Azioni", "IdEseguitoDa", "INTEGER"},    {"Azioni", "bFattura", "BOOLEAN"},
-        {"Azioni", "IdFattura", "INTEGER"},       {"MultiIntesta", "ID_Multi", "INTEGER"},
-        {"MultiIntesta", "ID_Pra", "INTEGER"},    {"MultiIntesta", "IsCliente", "BOOLEAN"},
-        {"Utenti", "ID_Utente", "INTEGER"},       {"Utenti", "NomeUtente", "TEXT"},
-        {"Utenti", "LivelloRiservatezza", "INTEGER"}, {"Utenti", "TitContabilita", "BOOLEAN"},
-        {"Utenti", "TariffaEuro", "CURRENCY"},    {"Utenti", "TariffaLira", "CURRENCY"},
-        {"RelGruppiUtenti", "Fk_Id_Utente", "INTEGER"}, {"RelGruppiUtenti", "Fk_Gruppo", "TEXT"},
-        {"ParcellaBase", "IdParcella", "INTEGER"}, {"ParcellaBase", "CodiceParcella", "TEXT"},
-        {"ParcellaBase", "NomeParcella", "TEXT"}, {"ParcellaBase", "IsPenale", "BOOLEAN"},
-        {"VociParcellaBase", "IdParcellaBase", "INTEGER"}, {"VociParcellaBase", "NOrdine", "INTEGER"},
-        {"VociParcellaBase", "IdTariffa", "INTEGER"}, {"VociParcellaBase", "TabellaTariffa", "TEXT"},
-        {"VociParcellaBase", "Tipo", "INTEGER"},  {"VociParcellaBase", "Codice", "TEXT"},
-        {"VociParcellaBase", "Nome", "TEXT"},     {"VociParcellaBase", "Competenze", "CURRENCY"},
-        {"VociParcellaBase", "Esenti", "CURRENCY"}, {"VociParcellaBase", "Imponibili", "CURRENCY"},
-        {"VociParcellaBase", "Qta", "INTEGER"},   {"VociParcellaBase", "Valuta", "TEXT"},
-        {"VociParcellaBase", "Cambio", "CURRENCY"}, {"ConfigGenerale", "ValutaDefault", "TEXT"},
-        {"ConfigGenerale", "CambioLiraEuro", "CURRENCY"}, {"Anagrafica", "ID_Ana", "INTEGER"},
-        {"Anagrafica", "IsFisicaGiuridica", "BOOLEAN"}, {"Anagrafica", "IdRiservata", "INTEGER"},
-        {"Anagrafica", "fkGruppo", "TEXT"},       {"Fatture", "ID_Fattura", "INTEGER"},
-        {"Fatture", "ResiduoASaldo", "CURRENCY"}, {"Versioni", "Versione", "INTEGER"},
-        {"FonteTariffe", "Tabella", "TEXT"},      {"FonteTariffe", "Id", "INTEGER"},
-        {"FonteTariffe", "Fonte", "TEXT"},        {"FonteTariffe", "Note", "TEXT"}};
+        {"Pratica", "ID_Pra", "INTEGER"},
+        {"Pratica", "Valore", "CURRENCY"},
+        {"Pratica", "Valuta", "TEXT"},
+        {"Pratica", "Cambio", "CURRENCY"},
+        {"Pratica", "Rilevanza", "INTEGER"},
+        {"Pratica", "Autorita", "TEXT"},
+        {"Pratica", "Id_Riservata", "INTEGER"},
+        {"Pratica", "fk_Gruppo", "TEXT"},
+        {"Azioni", "IdAzione", "INTEGER"},
+        {"Azioni", "IdPra", "INTEGER"},
+        {"Azioni", "NOrdine", "INTEGER"},
+        {"Azioni", "Data", "DATE"},
+        {"Azioni", "TipoAzione", "INTEGER"},
+        {"Azioni", "IsTariffa", "BOOLEAN"},
+        {"Azioni", "Codice", "TEXT"},
+        {"Azioni", "Descr", "TEXT"},
+        {"Azioni", "Quantita", "TEXT"},
+        {"Azioni", "Valuta", "TEXT"},
+        {"Azioni", "Cambio", "CURRENCY"},
+        {"Azioni", "Onorari", "CURRENCY"},
+        {"Azioni", "Diritti", "CURRENCY"},
+        {"Azioni", "Esenti", "CURRENCY"},
+        {"Azioni", "Imponibili", "CURRENCY"},
+        {"Azioni", "Ore", "DOUBLE"},
+        {"Azioni", "Minuti", "INTEGER"},
+        {"Azioni", "InNotaSpese", "INTEGER"},
+        {"Azioni", "TabellaTariffa", "TEXT"},
+        {"Azioni", "IdVoceParcella", "INTEGER"},
+        {"Azioni", "IdEseguitoDa", "INTEGER"},
+        {"Azioni", "bFattura", "BOOLEAN"},
+        {"Azioni", "IdFattura", "INTEGER"},
+        {"MultiIntesta", "ID_Multi", "INTEGER"},
+        {"MultiIntesta", "ID_Pra", "INTEGER"},
+        {"MultiIntesta", "IsCliente", "BOOLEAN"},
+        {"Utenti", "ID_Utente", "INTEGER"},
+        {"Utenti", "NomeUtente", "TEXT"},
+        {"Utenti", "LivelloRiservatezza", "INTEGER"},
+        {"Utenti", "TitContabilita", "BOOLEAN"},
+        {"Utenti", "TariffaEuro", "CURRENCY"},
+        {"Utenti", "TariffaLira", "CURRENCY"},
+        {"RelGruppiUtenti", "Fk_Id_Utente", "INTEGER"},
+        {"RelGruppiUtenti", "Fk_Gruppo", "TEXT"},
+        {"ParcellaBase", "IdParcella", "INTEGER"},
+        {"ParcellaBase", "CodiceParcella", "TEXT"},
+        {"ParcellaBase", "NomeParcella", "TEXT"},
+        {"ParcellaBase", "IsPenale", "BOOLEAN"},
+        {"VociParcellaBase", "IdParcellaBase", "INTEGER"},
+        {"VociParcellaBase", "NOrdine", "INTEGER"},
+        {"VociParcellaBase", "IdTariffa", "INTEGER"},
+        {"VociParcellaBase", "TabellaTariffa", "TEXT"},
+        {"VociParcellaBase", "Tipo", "INTEGER"},
+        {"VociParcellaBase", "Codice", "TEXT"},
+        {"VociParcellaBase", "Nome", "TEXT"},
+        {"VociParcellaBase", "Competenze", "CURRENCY"},
+        {"VociParcellaBase", "Esenti", "CURRENCY"},
+        {"VociParcellaBase", "Imponibili", "CURRENCY"},
+        {"VociParcellaBase", "Qta", "INTEGER"},
+        {"VociParcellaBase", "Valuta", "TEXT"},
+        {"VociParcellaBase", "Cambio", "CURRENCY"},
+        {"ConfigGenerale", "ValutaDefault", "TEXT"},
+        {"ConfigGenerale", "CambioLiraEuro", "CURRENCY"},
+        {"Anagrafica", "ID_Ana", "INTEGER"},
+        {"Anagrafica", "IsFisicaGiuridica", "BOOLEAN"},
+        {"Anagrafica", "IdRiservata", "INTEGER"},
+        {"Anagrafica", "fkGruppo", "TEXT"},
+        {"Fatture", "ID_Fattura", "INTEGER"},
+        {"Fatture", "ResiduoASaldo", "CURRENCY"},
+        {"Versioni", "Versione", "INTEGER"},
+        {"FonteTariffe", "Tabella", "TEXT"},
+        {"FonteTariffe", "Id", "INTEGER"},
+        {"FonteTariffe", "Fonte", "TEXT"},
+        {"FonteTariffe", "Note", "TEXT"}};
     for (const auto& [table, column, type] : columns) {
         EXPECT_EQ(declaredType(db, table, column), type) << table << "." << column;
     }
 }
 
 // The fee tables have exactly the agreed columns, in the agreed order.
-std::vector<std::string> feeColumns(const std::vector<std::string>& amounts) {
+std::vector<std::string> feeColumns(const std::vector<std::string>& amounts)
+{
     std::vector<std::string> names = {"Id", "CodiceTariffa", "Azione", "Autorita"};
     names.insert(names.end(), amounts.begin(), amounts.end());
     return names;
@@ -125,12 +186,14 @@ std::vector<std::string> feeColumns(const std::vector<std::string>& amounts) {
 
 // The columns of a table, in their order and spelling, as the record sets
 // present them.
-std::vector<std::string> tableColumns(const test::TestDatabase& db, const std::string& table) {
+std::vector<std::string> tableColumns(const test::TestDatabase& db, const std::string& table)
+{
     clsAccessoDati data(db.connection());
     return data.Apri("SELECT * FROM " + table + " WHERE 1 = 0", 0, 1, -1)->FieldNames();
 }
 
-TEST(Schema, FeeTablesHaveTheAgreedColumns) {
+TEST(Schema, FeeTablesHaveTheAgreedColumns)
+{
     test::TestDatabase db;
     std::vector<std::string> rights;
     for (int i = 1; i <= 13; ++i) {
@@ -168,7 +231,8 @@ TEST(Schema, FeeTablesHaveTheAgreedColumns) {
 }
 
 // The queries that run on every change of an action find their index.
-TEST(Schema, ActionQueriesUseAnIndex) {
+TEST(Schema, ActionQueriesUseAnIndex)
+{
     AVLOR_SQLITE_ONLY("the plans are SQLite's; the server's indexes are checked in tests/postgresql");
     test::TestDatabase db;
     const auto plan = [&](const std::string& statement) {
@@ -189,8 +253,9 @@ TEST(Schema, ActionQueriesUseAnIndex) {
                    "(MultiIntesta.ID_Pra = 5) AND (MultiIntesta.IsCliente='True')")
                   .find("MultiIntesta_Pratica"),
               std::string::npos);
-    EXPECT_NE(plan("Select fk_id_Utente FROM RelGruppiUtenti WHERE Fk_Gruppo = 'Civile'").find("RelGruppiUtenti_Gruppo"),
-              std::string::npos);
+    EXPECT_NE(
+        plan("Select fk_id_Utente FROM RelGruppiUtenti WHERE Fk_Gruppo = 'Civile'").find("RelGruppiUtenti_Gruppo"),
+        std::string::npos);
 }
 
 } // namespace

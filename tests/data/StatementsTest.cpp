@@ -19,7 +19,8 @@ using test::PracticeTest;
 using Texts = std::vector<std::string>;
 
 // One field of every row of a read-only opening, read as text.
-Texts column(const std::string& statement, const std::string& field) {
+Texts column(const std::string& statement, const std::string& field)
+{
     clsAccessoDati data;
     data.Apri(statement, 0, 1, -1);
     Texts values;
@@ -30,12 +31,14 @@ Texts column(const std::string& statement, const std::string& field) {
     return values;
 }
 
-Texts sorted(Texts values) {
+Texts sorted(Texts values)
+{
     std::sort(values.begin(), values.end());
     return values;
 }
 
-Value first(const std::string& statement, const std::string& field, std::int32_t kind) {
+Value first(const std::string& statement, const std::string& field, std::int32_t kind)
+{
     clsAccessoDati data;
     data.Apri(statement, 0, 1, -1);
     return data.Campo(field, kind);
@@ -44,13 +47,13 @@ Value first(const std::string& statement, const std::string& field, std::int32_t
 std::string text(const Value& value) { return value.toText(Locale::neutral()); }
 
 // Tariff engine: one row of a fee table by its Id.
-TEST_F(PracticeTest, FeeTableRowById) {
+TEST_F(PracticeTest, FeeTableRowById)
+{
     EXPECT_EQ(text(first("SELECT * FROM Diritti2004Euro WHERE Id = 14", "CodiceTariffa", TipoTesto)), "14");
     const Value bracket = first("SELECT * FROM Diritti2004Euro WHERE Id = 14", "VALORESCA2", TipoNumero);
     ASSERT_EQ(bracket.kind(), ValueKind::Currency);
     EXPECT_EQ(bracket.asCurrency(), Currency::fromWhole(10));
-    EXPECT_EQ(first("SELECT * FROM Diritti2004Euro WHERE Id = 14", "VALORESCA13", TipoNumero).asCurrency(),
-              Currency());
+    EXPECT_EQ(first("SELECT * FROM Diritti2004Euro WHERE Id = 14", "VALORESCA13", TipoNumero).asCurrency(), Currency());
     EXPECT_EQ(first("SELECT * FROM Onorari2004Euro WHERE Id = 3", "SCA01MAX", TipoNumero).asCurrency(),
               Currency::fromWhole(145));
     EXPECT_EQ(first("SELECT * FROM OnorariPenali2004Euro WHERE Id = 1", "TribunaleMIN", TipoNumero).asCurrency(),
@@ -60,7 +63,8 @@ TEST_F(PracticeTest, FeeTableRowById) {
               "5");
 }
 
-TEST_F(PracticeTest, EveryFeeTableStatementRuns) {
+TEST_F(PracticeTest, EveryFeeTableStatementRuns)
+{
     for (const char* table : {"Diritti94", "Diritti94Euro", "Diritti2004Euro", "Onorari94", "Onorari94Euro",
                               "Onorari2004Euro", "OnorariPenali94", "OnorariPenali94Euro", "OnorariPenali2004Euro"}) {
         clsAccessoDati data;
@@ -73,9 +77,10 @@ TEST_F(PracticeTest, EveryFeeTableStatementRuns) {
 
 // Dialog start-up: the case file (two blanks before WHERE), the configuration
 // and the users.
-TEST_F(PracticeTest, CaseFileAndConfiguration) {
-    const std::string statement = std::string("SELECT Valuta,Valore,Cambio,Rilevanza,Autorita FROM Pratica ") +
-                                  " WHERE ID_Pra = " + "5";
+TEST_F(PracticeTest, CaseFileAndConfiguration)
+{
+    const std::string statement =
+        std::string("SELECT Valuta,Valore,Cambio,Rilevanza,Autorita FROM Pratica ") + " WHERE ID_Pra = " + "5";
     clsAccessoDati data;
     data.Apri(statement, 1, 3, -1);
     EXPECT_EQ(data.Campo("Valuta", TipoTesto).asText(), " EURO ");
@@ -96,7 +101,8 @@ TEST_F(PracticeTest, CaseFileAndConfiguration) {
 }
 
 // Item lists: templates and fee-table rows in the two orders.
-TEST_F(PracticeTest, TemplateAndItemLists) {
+TEST_F(PracticeTest, TemplateAndItemLists)
+{
     EXPECT_EQ(column(std::string("SELECT * FROM ParcellaBase") + " ORDER BY CodiceParcella", "CodiceParcella"),
               (Texts{"A", "B", "C"}));
     EXPECT_EQ(column(std::string("SELECT * FROM ParcellaBase") + " WHERE IsPenale= 'true' ORDER BY CodiceParcella",
@@ -113,10 +119,10 @@ TEST_F(PracticeTest, TemplateAndItemLists) {
 }
 
 // The actions grid: the join with the performers, tariff and hourly.
-TEST_F(PracticeTest, ActionsGrid) {
+TEST_F(PracticeTest, ActionsGrid)
+{
     const std::string head = std::string("SELECT Azioni.*, Utenti.NomeUtente ") +
-                             "FROM Utenti INNER JOIN Azioni ON Utenti.ID_Utente = Azioni.IdEseguitoDa" +
-                             " WHERE IdPra = " + "5";
+        "FROM Utenti INNER JOIN Azioni ON Utenti.ID_Utente = Azioni.IdEseguitoDa" + " WHERE IdPra = " + "5";
     const std::string tariff = head + " AND IsTariffa = 'TRUE' " + " ORDER BY NOrdine ";
     const std::string hourly = head + " AND IsTariffa = 'FALSE' " + " ORDER BY NOrdine ";
     // Action 4's performer (99) is not a user: the inner join leaves it out.
@@ -133,7 +139,8 @@ TEST_F(PracticeTest, ActionsGrid) {
     EXPECT_EQ(data.Recordset().FieldNames().size(), 24U);
 }
 
-TEST_F(PracticeTest, OneActionById) {
+TEST_F(PracticeTest, OneActionById)
+{
     clsAccessoDati data;
     data.Apri("SELECT * FROM Azioni WHERE IdAzione = " + std::to_string(3), 1, 3, -1);
     EXPECT_EQ(data.Campo("Descr", TipoTesto).asText(), "Udienza");
@@ -146,7 +153,8 @@ TEST_F(PracticeTest, OneActionById) {
 
 // Order-number proposal: the last action of the same kind dated on or before
 // the date, through the date form the application's statements use.
-std::string proposal(bool tariff, bool isNew, int action, const std::string& date) {
+std::string proposal(bool tariff, bool isNew, int action, const std::string& date)
+{
     std::string statement = std::string("SELECT NOrdine,Data FROM Azioni WHERE IdPra = ") + "5";
     statement += tariff ? " AND IsTariffa = 'TRUE' " : " AND IsTariffa = 'FALSE' ";
     if (!isNew) {
@@ -158,7 +166,8 @@ std::string proposal(bool tariff, bool isNew, int action, const std::string& dat
     return numbers.empty() ? "none" : numbers.front();
 }
 
-TEST_F(PracticeTest, OrderNumberProposal) {
+TEST_F(PracticeTest, OrderNumberProposal)
+{
     EXPECT_EQ(proposal(true, true, 0, "31/05/2004"), "none");
     EXPECT_EQ(proposal(true, true, 0, "01/06/2004"), "1");
     EXPECT_EQ(proposal(true, true, 0, "02/06/2004"), "3");
@@ -170,7 +179,8 @@ TEST_F(PracticeTest, OrderNumberProposal) {
 }
 
 // Renumbering queries: insert, change, leading gap, delete, template.
-TEST_F(PracticeTest, RenumberingQueries) {
+TEST_F(PracticeTest, RenumberingQueries)
+{
     const std::string id = "5";
     EXPECT_EQ(column("SELECT NOrdine From Azioni WHERE IdPra = " + id + " AND NOrdine >= " + "2" +
                          " AND IsTariffa = 'TRUE' " + " ORDER BY NOrdine ",
@@ -184,20 +194,22 @@ TEST_F(PracticeTest, RenumberingQueries) {
                          " AND IsTariffa = 'FALSE' AND IdAzione <> " + "5" + " ORDER BY NOrdine ",
                      "NOrdine"),
               (Texts{"2"}));
-    EXPECT_EQ(column("SELECT NOrdine FROM Azioni WHERE IdPra = " + id + " AND IsTariffa = 'TRUE' " + " ORDER BY NOrdine ",
-                     "NOrdine"),
-              (Texts{"1", "2", "3", "5"}));
-    EXPECT_EQ(column("SELECT NOrdine FROM Azioni WHERE IdPra = " + id + " AND IsTariffa = 'FALSE' " +
-                         " ORDER BY NOrdine ",
-                     "NOrdine"),
-              (Texts{"1", "2"}));
-    EXPECT_EQ(column("SELECT NOrdine FROM Azioni WHERE IdPra = " + id + " AND IsTariffa = 'TRUE' " + " AND NOrdine >= " +
-                         "2" + " ORDER BY NOrdine ",
+    EXPECT_EQ(
+        column("SELECT NOrdine FROM Azioni WHERE IdPra = " + id + " AND IsTariffa = 'TRUE' " + " ORDER BY NOrdine ",
+               "NOrdine"),
+        (Texts{"1", "2", "3", "5"}));
+    EXPECT_EQ(
+        column("SELECT NOrdine FROM Azioni WHERE IdPra = " + id + " AND IsTariffa = 'FALSE' " + " ORDER BY NOrdine ",
+               "NOrdine"),
+        (Texts{"1", "2"}));
+    EXPECT_EQ(column("SELECT NOrdine FROM Azioni WHERE IdPra = " + id + " AND IsTariffa = 'TRUE' " +
+                         " AND NOrdine >= " + "2" + " ORDER BY NOrdine ",
                      "NOrdine"),
               (Texts{"2", "3", "5"}));
 }
 
-TEST_F(PracticeTest, TemplateItems) {
+TEST_F(PracticeTest, TemplateItems)
+{
     clsAccessoDati data;
     data.Apri("SELECT * FROM VociParcellaBase WHERE IdParcellaBase = " + std::to_string(2) + " ORDER BY NOrdine", 1, 3,
               -1);
@@ -213,7 +225,8 @@ TEST_F(PracticeTest, TemplateItems) {
 }
 
 // Users and groups.
-TEST_F(PracticeTest, UserStatements) {
+TEST_F(PracticeTest, UserStatements)
+{
     const clsUtilitaDati& util = clsUtilitaDati::instance();
     EXPECT_EQ(first("Select LivelloRiservatezza FROM Utenti WHERE Id_Utente = " + std::to_string(5),
                     "LivelloRiservatezza", TipoNumero)
@@ -222,10 +235,10 @@ TEST_F(PracticeTest, UserStatements) {
     EXPECT_EQ(column("SELECT DISTINCT Fk_Gruppo FROM RelGruppiUtenti WHERE Fk_Id_Utente = 5", "Fk_Gruppo"),
               (Texts{"Civile", "Tutti"}));
     EXPECT_EQ(column("SELECT DISTINCT Fk_Gruppo FROM RelGruppiUtenti WHERE Fk_Id_Utente = 7", "Fk_Gruppo"), Texts{});
-    EXPECT_EQ(sorted(column("Select fk_id_Utente FROM RelGruppiUtenti WHERE Fk_Gruppo = " +
-                                util.FormattaTestoSql("Civile"),
-                            "fk_id_Utente")),
-              (Texts{"5", "5", "9"}));
+    EXPECT_EQ(
+        sorted(column("Select fk_id_Utente FROM RelGruppiUtenti WHERE Fk_Gruppo = " + util.FormattaTestoSql("Civile"),
+                      "fk_id_Utente")),
+        (Texts{"5", "5", "9"}));
     EXPECT_EQ(column("Select fk_id_Utente FROM RelGruppiUtenti WHERE Fk_Gruppo = " + util.FormattaTestoSql("D'Amico"),
                      "fk_id_Utente"),
               (Texts{"9"}));
@@ -251,7 +264,8 @@ TEST_F(PracticeTest, UserStatements) {
 }
 
 // The small queries.
-TEST_F(PracticeTest, CountsPersonsInvoicesAndVersion) {
+TEST_F(PracticeTest, CountsPersonsInvoicesAndVersion)
+{
     const clsValoreSql& values = clsValoreSql::instance();
     const auto clients = [&](const std::string& id) {
         return values.ValoreSql(std::string("SELECT Count(MultiIntesta.ID_Multi) AS ConteggioDiID_Multi ") +
@@ -260,8 +274,8 @@ TEST_F(PracticeTest, CountsPersonsInvoicesAndVersion) {
     };
     const auto opponents = [&](const std::string& id) {
         return values.ValoreSql(std::string("SELECT Count(MultiIntesta.ID_Multi) AS ConteggioDiID_Multi ") +
-                                "FROM MultiIntesta " + "WHERE (MultiIntesta.IsCliente='False') And (MultiIntesta.ID_Pra = " +
-                                id + ")");
+                                "FROM MultiIntesta " +
+                                "WHERE (MultiIntesta.IsCliente='False') And (MultiIntesta.ID_Pra = " + id + ")");
     };
     ASSERT_EQ(clients("5").kind(), ValueKind::Long);
     EXPECT_EQ(clients("5").asLong(), 2);
@@ -274,8 +288,8 @@ TEST_F(PracticeTest, CountsPersonsInvoicesAndVersion) {
     EXPECT_EQ(data.Campo("Versione", TipoNumero).asLong(), 1);
 
     const auto person = [&](const std::string& id) {
-        return values.ValoreSql("SELECT Anagrafica.IsFisicaGiuridica From Anagrafica WHERE (((Anagrafica.ID_Ana)=" +
-                                id + "))");
+        return values.ValoreSql(
+            "SELECT Anagrafica.IsFisicaGiuridica From Anagrafica WHERE (((Anagrafica.ID_Ana)=" + id + "))");
     };
     ASSERT_EQ(person("3").kind(), ValueKind::Boolean);
     EXPECT_TRUE(person("3").asBoolean());
@@ -294,7 +308,8 @@ TEST_F(PracticeTest, CountsPersonsInvoicesAndVersion) {
 
 // The confidentiality filters the host appends to its own queries run on
 // the columns the schema gives case files and persons.
-TEST_F(PracticeTest, ConfidentialityFiltersRun) {
+TEST_F(PracticeTest, ConfidentialityFiltersRun)
+{
     db.exec("UPDATE Pratica SET Id_Riservata = 7 WHERE ID_Pra = 6");
     EXPECT_EQ(column("SELECT ID_Pra FROM Pratica WHERE ((Id_Riservata IN (0,5))  AND (fk_Gruppo IS NULL))  OR "
                      "((Id_Riservata=0) AND (fk_Gruppo IN ('Civile')))",
@@ -302,18 +317,19 @@ TEST_F(PracticeTest, ConfidentialityFiltersRun) {
               (Texts{"5"}));
     EXPECT_EQ(column("SELECT ID_Pra FROM Pratica WHERE ((Id_Riservata IN (0,7))  AND (fk_Gruppo IS NULL)) ", "ID_Pra"),
               (Texts{"5", "6"}));
-    EXPECT_EQ(column("SELECT ID_Ana FROM Anagrafica WHERE (IdRiservata IN (0,5) OR (fkGruppo  IN ('Civile')))",
-                     "ID_Ana"),
-              (Texts{"3", "4"}));
+    EXPECT_EQ(
+        column("SELECT ID_Ana FROM Anagrafica WHERE (IdRiservata IN (0,5) OR (fkGruppo  IN ('Civile')))", "ID_Ana"),
+        (Texts{"3", "4"}));
     EXPECT_EQ(column("SELECT ID_Ana FROM Anagrafica WHERE (IdRiservata IN (0,7) AND (fkGruppo IS NULL)) ", "ID_Ana"),
               (Texts{"3", "8"}));
     EXPECT_EQ(column("SELECT ID_Ana FROM Anagrafica WHERE 1=1", "ID_Ana"), (Texts{"3", "4", "8"}));
 }
 
 // Yes/no columns: every spelling the statements use selects the same rows.
-class FlagSpelling : public PracticeTest, public testing::WithParamInterface<std::pair<std::string, bool>> {};
+class FlagSpelling : public PracticeTest, public testing::WithParamInterface<std::pair<std::string, bool>> { };
 
-TEST_P(FlagSpelling, SelectsTheSameRows) {
+TEST_P(FlagSpelling, SelectsTheSameRows)
+{
     const auto& [literal, flag] = GetParam();
     const Texts expected = flag ? Texts{"1", "2", "3", "4", "7"} : Texts{"5", "6"};
     EXPECT_EQ(column("SELECT IdAzione FROM Azioni WHERE IsTariffa = " + literal + " ORDER BY IdAzione", "IdAzione"),
@@ -334,7 +350,8 @@ INSTANTIATE_TEST_SUITE_P(Spellings, FlagSpelling,
 
 // Text columns keep their exact comparison: a group or a user named True is
 // only that text.
-TEST_F(PracticeTest, TextNamedTrueIsPlainText) {
+TEST_F(PracticeTest, TextNamedTrueIsPlainText)
+{
     EXPECT_EQ(column("SELECT ID_Utente FROM Utenti WHERE NomeUtente = 'True'", "ID_Utente"), (Texts{"11"}));
     EXPECT_EQ(column("SELECT ID_Utente FROM Utenti WHERE NomeUtente = 'TRUE'", "ID_Utente"), Texts{});
     EXPECT_EQ(column("Select fk_id_Utente FROM RelGruppiUtenti WHERE Fk_Gruppo = 'True'", "fk_id_Utente"),
@@ -344,7 +361,8 @@ TEST_F(PracticeTest, TextNamedTrueIsPlainText) {
 }
 
 // Dates against the date form: before, on and after the boundary.
-TEST_F(PracticeTest, DatesAroundABoundary) {
+TEST_F(PracticeTest, DatesAroundABoundary)
+{
     const std::string form = "CONVERT (SMALLDATETIME,'02/06/2004', 105) ";
     const auto ids = [](const std::string& condition) {
         return column("SELECT IdAzione FROM Azioni WHERE Data " + condition + " ORDER BY IdAzione", "IdAzione");

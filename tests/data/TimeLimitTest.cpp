@@ -14,7 +14,8 @@
 namespace avlor::test {
 namespace {
 
-TEST(TimeLimit, ARunawayQueryIsStoppedAtTheLimit) {
+TEST(TimeLimit, ARunawayQueryIsStoppedAtTheLimit)
+{
     TestDatabase db;
     const auto connection = connectionFor(db.location());
     connection->setStatementTimeLimit(std::chrono::milliseconds(300));
@@ -35,7 +36,8 @@ TEST(TimeLimit, ARunawayQueryIsStoppedAtTheLimit) {
     EXPECT_EQ(connection->singleValue("SELECT Versione FROM Versioni").asLong(), 1);
 }
 
-TEST(TimeLimit, TheDefaultLimitIsAMinute) {
+TEST(TimeLimit, TheDefaultLimitIsAMinute)
+{
     EXPECT_EQ(Connection::DefaultStatementTimeLimit, std::chrono::seconds(60));
     EXPECT_EQ(timeLimitText(std::chrono::seconds(60)), "60 seconds");
     EXPECT_EQ(timeLimitText(std::chrono::seconds(1)), "1 second");

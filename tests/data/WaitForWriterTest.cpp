@@ -15,13 +15,14 @@
 namespace avlor::test {
 namespace {
 
-TEST(WaitForWriter, AWriteWaitsForAnotherProgramsTransaction) {
+TEST(WaitForWriter, AWriteWaitsForAnotherProgramsTransaction)
+{
     AVLOR_SQLITE_ONLY("the server waits on its own locks; see ServerHardening");
     TestDatabase db;
     sqlite3* other = nullptr;
     ASSERT_EQ(sqlite3_open(db.location().c_str(), &other), SQLITE_OK);
-    ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE; INSERT INTO Utenti (NomeUtente) VALUES ('Altro')", nullptr,
-                           nullptr, nullptr),
+    ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE; INSERT INTO Utenti (NomeUtente) VALUES ('Altro')", nullptr, nullptr,
+                           nullptr),
               SQLITE_OK);
     std::thread release([other] {
         // Longer than the five seconds a writer used to wait.

@@ -16,7 +16,8 @@ using test::PracticeTest;
 using Numbers = std::vector<std::int32_t>;
 
 // The order numbers of case 5's tariff (or hourly) actions, by action id.
-Numbers orderByAction(const test::TestDatabase& db, bool tariff) {
+Numbers orderByAction(const test::TestDatabase& db, bool tariff)
+{
     Numbers numbers;
     for (const auto& row : db.rows(std::string("SELECT NOrdine FROM Azioni WHERE IdPra = 5 AND IsTariffa = ") +
                                    (tariff ? "'True'" : "'False'") + " ORDER BY IdAzione")) {
@@ -27,7 +28,8 @@ Numbers orderByAction(const test::TestDatabase& db, bool tariff) {
 
 // How the database itself stores a column of an action: "storage
 // class:text" on SQLite, "type:text" on PostgreSQL.
-std::string stored(const test::TestDatabase& db, const std::string& expression, int action) {
+std::string stored(const test::TestDatabase& db, const std::string& expression, int action)
+{
     const std::string where = " FROM Azioni WHERE IdAzione = " + std::to_string(action);
     if (test::TestDatabase::onPostgresql()) {
         return db.value("SELECT pg_typeof(" + expression + ")::text || ':' || (" + expression + ")::text" + where)
@@ -41,7 +43,8 @@ using test::TestDatabase;
 // Making room at 2 among tariff numbers 1, 2, 3, 5: the run 2, 3 moves up
 // and the row at 5 stays, each row written back through a record set that
 // selects NOrdine alone.
-TEST_F(PracticeTest, PartialColumnsWriteBackTheRightRows) {
+TEST_F(PracticeTest, PartialColumnsWriteBackTheRightRows)
+{
     clsAccessoDati data;
     data.Apri("SELECT NOrdine From Azioni WHERE IdPra = 5 AND NOrdine >= 2 AND IsTariffa = 'TRUE'  ORDER BY NOrdine ",
               1, 3, -1);
@@ -64,7 +67,8 @@ TEST_F(PracticeTest, PartialColumnsWriteBackTheRightRows) {
 }
 
 // Renumbering a whole sequence from 1 after a delete.
-TEST_F(PracticeTest, RenumberFromOne) {
+TEST_F(PracticeTest, RenumberFromOne)
+{
     db.exec("DELETE FROM Azioni WHERE IdAzione = 2");
     clsAccessoDati data;
     data.Apri("SELECT NOrdine FROM Azioni WHERE IdPra = 5 AND IsTariffa = 'TRUE'  ORDER BY NOrdine ", 1, 3, -1);
@@ -76,7 +80,8 @@ TEST_F(PracticeTest, RenumberFromOne) {
     EXPECT_EQ(orderByAction(db, true), (Numbers{1, 2, 3}));
 }
 
-TEST_F(PracticeTest, AliasWritesItsColumn) {
+TEST_F(PracticeTest, AliasWritesItsColumn)
+{
     clsAccessoDati data;
     data.Apri("SELECT NOrdine AS N, Descr FROM Azioni WHERE IdAzione = 2", 1, 3, -1);
     data.ImpostaCampo("N", Value(9));
@@ -90,7 +95,8 @@ TEST_F(PracticeTest, AliasWritesItsColumn) {
 
 // A new action: the table opened to add, fields set, Update; the generated
 // key and the defaults are then readable.
-TEST_F(PracticeTest, AddNewMakesTheGeneratedKeyReadable) {
+TEST_F(PracticeTest, AddNewMakesTheGeneratedKeyReadable)
+{
     clsAccessoDati data;
     data.Apri("Azioni", 1, 3, -1);
     data.Recordset().AddNew();
@@ -128,7 +134,8 @@ TEST_F(PracticeTest, AddNewMakesTheGeneratedKeyReadable) {
     EXPECT_EQ(db.insertRow("Azioni", {{"IdPra", Value(5)}}).asLong(), 10);
 }
 
-TEST_F(PracticeTest, AddedRowJoinsTheRecordSet) {
+TEST_F(PracticeTest, AddedRowJoinsTheRecordSet)
+{
     clsAccessoDati data;
     const auto rows = data.Apri("Azioni", 1, 3, -1);
     rows->AddNew();
@@ -145,7 +152,8 @@ TEST_F(PracticeTest, AddedRowJoinsTheRecordSet) {
     EXPECT_EQ(rows->Field("IdAzione").asLong(), 1);
 }
 
-TEST_F(PracticeTest, AddNewThroughAPartialStatement) {
+TEST_F(PracticeTest, AddNewThroughAPartialStatement)
+{
     clsAccessoDati data;
     data.Apri("SELECT IdAzione, IdPra, NOrdine FROM Azioni WHERE IdAzione = 0", 1, 3, -1);
     EXPECT_TRUE(data.Recordset().Eof());
@@ -161,7 +169,8 @@ TEST_F(PracticeTest, AddNewThroughAPartialStatement) {
     EXPECT_THROW(data.ImpostaCampo("Descr", Value("x")), DataError);
 }
 
-TEST_F(PracticeTest, TablesWithoutAnIdWriteByRowId) {
+TEST_F(PracticeTest, TablesWithoutAnIdWriteByRowId)
+{
     EXPECT_TRUE(db.insertRow("RelGruppiUtenti", {{"Fk_Id_Utente", Value(7)}, {"Fk_Gruppo", Value("Penale")}})
                     .identicalTo(Value(7)));
     clsAccessoDati data;
@@ -173,7 +182,8 @@ TEST_F(PracticeTest, TablesWithoutAnIdWriteByRowId) {
     EXPECT_EQ(db.value("SELECT Count(*) FROM RelGruppiUtenti WHERE Fk_Id_Utente = 9").asLong(), 1); // D'Amico
 }
 
-TEST_F(PracticeTest, ChangeOfAWholeAction) {
+TEST_F(PracticeTest, ChangeOfAWholeAction)
+{
     clsAccessoDati data;
     data.Apri("SELECT * FROM Azioni WHERE IdAzione = 2", 1, 3, -1);
     data.ImpostaCampo("Data", Value(Date::fromYmd(2005, 1, 31)));
@@ -196,7 +206,8 @@ TEST_F(PracticeTest, ChangeOfAWholeAction) {
     EXPECT_EQ(data.Campo("Esenti", TipoNumero).asCurrency(), Currency::fromText("12.5"));
 }
 
-TEST_F(PracticeTest, NullAndEmptyWriteNull) {
+TEST_F(PracticeTest, NullAndEmptyWriteNull)
+{
     clsAccessoDati data;
     data.Apri("SELECT * FROM Azioni WHERE IdAzione = 2", 1, 3, -1);
     data.ImpostaCampo("Onorari", Value::null());
@@ -208,7 +219,8 @@ TEST_F(PracticeTest, NullAndEmptyWriteNull) {
     EXPECT_TRUE(db.value("SELECT Descr FROM Azioni WHERE IdAzione = 2").isNull());
 }
 
-TEST_F(PracticeTest, ValuesThatCannotTakeTheColumnAreRefused) {
+TEST_F(PracticeTest, ValuesThatCannotTakeTheColumnAreRefused)
+{
     clsAccessoDati data;
     data.Apri("SELECT * FROM Azioni WHERE IdAzione = 2", 1, 3, -1);
     EXPECT_THROW(data.ImpostaCampo("Onorari", Value("abc")), ValueError);
@@ -222,7 +234,8 @@ TEST_F(PracticeTest, ValuesThatCannotTakeTheColumnAreRefused) {
     EXPECT_EQ(db.value("SELECT NOrdine FROM Azioni WHERE IdAzione = 2").asLong(), 2);
 }
 
-TEST_F(PracticeTest, MovingWritesPendingChanges) {
+TEST_F(PracticeTest, MovingWritesPendingChanges)
+{
     clsAccessoDati data;
     data.Apri("SELECT NOrdine FROM Azioni WHERE IdPra = 5 AND IsTariffa = 'FALSE'  ORDER BY NOrdine ", 1, 3, -1);
     data.ImpostaCampo("NOrdine", Value(7));
@@ -232,7 +245,8 @@ TEST_F(PracticeTest, MovingWritesPendingChanges) {
     EXPECT_EQ(orderByAction(db, false), (Numbers{7, 8}));
 }
 
-TEST_F(PracticeTest, ChangesNotUpdatedAreDropped) {
+TEST_F(PracticeTest, ChangesNotUpdatedAreDropped)
+{
     {
         clsAccessoDati data;
         data.Apri("SELECT * FROM Azioni WHERE IdAzione = 2", 1, 3, -1);
@@ -241,9 +255,11 @@ TEST_F(PracticeTest, ChangesNotUpdatedAreDropped) {
     EXPECT_EQ(db.value("SELECT Descr FROM Azioni WHERE IdAzione = 2").asText(), "Studio");
 }
 
-TEST_F(PracticeTest, DeleteTheCurrentRow) {
+TEST_F(PracticeTest, DeleteTheCurrentRow)
+{
     clsAccessoDati data;
-    const auto rows = data.Apri("SELECT * FROM Azioni WHERE IdPra = 5 AND IsTariffa = 'TRUE' ORDER BY NOrdine", 1, 3, -1);
+    const auto rows =
+        data.Apri("SELECT * FROM Azioni WHERE IdPra = 5 AND IsTariffa = 'TRUE' ORDER BY NOrdine", 1, 3, -1);
     rows->MoveNext();
     rows->Delete();
     EXPECT_THROW((void)data.Campo("Descr", TipoTesto), DataError);
@@ -257,7 +273,8 @@ TEST_F(PracticeTest, DeleteTheCurrentRow) {
     EXPECT_EQ(db.value("SELECT Count(*) FROM Azioni").asLong(), 6);
 }
 
-TEST_F(PracticeTest, RowGoneMeanwhile) {
+TEST_F(PracticeTest, RowGoneMeanwhile)
+{
     clsAccessoDati data;
     data.Apri("SELECT * FROM Azioni WHERE IdAzione = 2", 1, 3, -1);
     db.exec("DELETE FROM Azioni WHERE IdAzione = 2");
@@ -267,7 +284,8 @@ TEST_F(PracticeTest, RowGoneMeanwhile) {
     EXPECT_EQ(db.value("SELECT Count(*) FROM Azioni").asLong(), 6);
 }
 
-void expectNotUpdatable(const std::string& statement) {
+void expectNotUpdatable(const std::string& statement)
+{
     clsAccessoDati data;
     const auto rows = data.Apri(statement, 1, 3, -1);
     ASSERT_FALSE(rows->Eof()) << statement;
@@ -283,7 +301,8 @@ void expectNotUpdatable(const std::string& statement) {
     EXPECT_THROW(rows->Delete(), DataError);
 }
 
-TEST_F(PracticeTest, RecordSetsThatCannotBeWritten) {
+TEST_F(PracticeTest, RecordSetsThatCannotBeWritten)
+{
     expectNotUpdatable("SELECT Azioni.*, Utenti.NomeUtente FROM Utenti INNER JOIN Azioni ON Utenti.ID_Utente = "
                        "Azioni.IdEseguitoDa WHERE IdPra = 5 AND IsTariffa = 'TRUE'  ORDER BY NOrdine ");
     expectNotUpdatable("SELECT Azioni.NOrdine FROM Azioni, Utenti WHERE Utenti.ID_Utente = Azioni.IdEseguitoDa");
@@ -296,7 +315,8 @@ TEST_F(PracticeTest, RecordSetsThatCannotBeWritten) {
     EXPECT_EQ(orderByAction(db, true), (Numbers{1, 2, 3, 5}));
 }
 
-TEST_F(PracticeTest, ReadOnlyRecordSetsRefuseWrites) {
+TEST_F(PracticeTest, ReadOnlyRecordSetsRefuseWrites)
+{
     clsAccessoDati data;
     const auto rows = data.Apri("SELECT * FROM Azioni WHERE IdAzione = 2", 0, 1, -1);
     EXPECT_THROW(data.ImpostaCampo("Descr", Value("x")), DataError);
@@ -306,7 +326,8 @@ TEST_F(PracticeTest, ReadOnlyRecordSetsRefuseWrites) {
     EXPECT_EQ(db.value("SELECT Descr FROM Azioni WHERE IdAzione = 2").asText(), "Studio");
 }
 
-TEST_F(PracticeTest, SettingFieldsNeedsACurrentRow) {
+TEST_F(PracticeTest, SettingFieldsNeedsACurrentRow)
+{
     clsAccessoDati data;
     data.Apri("SELECT * FROM Azioni WHERE IdAzione = 99", 1, 3, -1);
     EXPECT_THROW(data.ImpostaCampo("Descr", Value("x")), DataError);
@@ -314,11 +335,12 @@ TEST_F(PracticeTest, SettingFieldsNeedsACurrentRow) {
     EXPECT_NO_THROW(data.Recordset().Update()); // nothing pending
 }
 
-TEST_F(PracticeTest, FixtureHelpersConvertLikeTheApplication) {
+TEST_F(PracticeTest, FixtureHelpersConvertLikeTheApplication)
+{
     const Value id = db.insertRow("Fatture", {{"ResiduoASaldo", Value(Currency::fromText("10.25"))}});
-    EXPECT_EQ(db.value("SELECT ResiduoASaldo FROM Fatture WHERE ID_Fattura = " + id.toText(Locale::neutral()))
-                  .asCurrency(),
-              Currency::fromText("10.25"));
+    EXPECT_EQ(
+        db.value("SELECT ResiduoASaldo FROM Fatture WHERE ID_Fattura = " + id.toText(Locale::neutral())).asCurrency(),
+        Currency::fromText("10.25"));
     EXPECT_EQ(TestDatabase::amount("10.25"), TestDatabase::byBackend("102500", "10.2500"));
     db.exec("INSERT INTO Fatture (ID_Fattura, ResiduoASaldo) VALUES (50, " + TestDatabase::amount("0.5") + ")");
     EXPECT_EQ(db.value("SELECT ResiduoASaldo FROM Fatture WHERE ID_Fattura = 50").asCurrency(),

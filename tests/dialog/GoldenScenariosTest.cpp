@@ -261,12 +261,13 @@ idEseguitoDa=1 TariffaEuro=150.0000 TariffaLira=250000.0000
 )");
     // The warning comes when the list opens; without an authority the engine
     // then proposes nothing and says so.
-    EXPECT_EQ(messages(), (std::vector<Shown>{information("ATTENZIONE : Non e' selezionata nessuna Autorita' per "
-                                                          "la Pratica. \rSara' impossibile calcolare in "
-                                                          "automatico l'importo degli Onorari di Tipo Penale."),
-                                              information(" codice <> non previsto per una pratica di questo "
-                                                          "valore.\rNessun valore proposto.",
-                                                          "Attenzione")}));
+    EXPECT_EQ(messages(),
+              (std::vector<Shown>{information("ATTENZIONE : Non e' selezionata nessuna Autorita' per "
+                                              "la Pratica. \rSara' impossibile calcolare in "
+                                              "automatico l'importo degli Onorari di Tipo Penale."),
+                                  information(" codice <> non previsto per una pratica di questo "
+                                              "valore.\rNessun valore proposto.",
+                                              "Attenzione")}));
 }
 
 TEST_F(GoldenScenarios, OutOfCourtItems16And18WarnAnd17DoesNot)
@@ -281,9 +282,10 @@ TEST_F(GoldenScenarios, OutOfCourtItems16And18WarnAnd17DoesNot)
     form->chooseKey("cmbCodice", 17);
     // Item 17 is priced without a warning (these items have no formula: the
     // engine proposes nothing).
-    EXPECT_EQ(messages(), std::vector<Shown>{information(" codice <> non previsto per una pratica di questo "
-                                                         "valore.\rNessun valore proposto.",
-                                                         "Attenzione")});
+    EXPECT_EQ(messages(),
+              std::vector<Shown>{information(" codice <> non previsto per una pratica di questo "
+                                             "valore.\rNessun valore proposto.",
+                                             "Attenzione")});
     forgetMessages();
     form->chooseKey("cmbCodice", 16);
     EXPECT_EQ(describe(*form),
@@ -320,18 +322,20 @@ bModifica=0 idAzioneCorrente=0 idTariffa=16 ImportoVoce=0.0000 ArrayAzioni=0
 idEseguitoDa=1 TariffaEuro=150.0000 TariffaLira=250000.0000
 )");
     // The warning comes before the pricing.
-    EXPECT_EQ(messages(), (std::vector<Shown>{information("ATTENZIONE : Vanno applicati gli "
-                                                          "stessi\rDiritti/Onorari dovuti in sede giudiziale"),
-                                              information(" codice <> non previsto per una pratica di questo "
-                                                          "valore.\rNessun valore proposto.",
-                                                          "Attenzione")}));
+    EXPECT_EQ(messages(),
+              (std::vector<Shown>{information("ATTENZIONE : Vanno applicati gli "
+                                              "stessi\rDiritti/Onorari dovuti in sede giudiziale"),
+                                  information(" codice <> non previsto per una pratica di questo "
+                                              "valore.\rNessun valore proposto.",
+                                              "Attenzione")}));
     forgetMessages();
     form->chooseKey("cmbCodice", 18);
-    EXPECT_EQ(messages(), (std::vector<Shown>{information("ATTENZIONE : Vanno applicati gli "
-                                                          "stessi\rDiritti/Onorari dovuti in sede giudiziale"),
-                                              information(" codice <> non previsto per una pratica di questo "
-                                                          "valore.\rNessun valore proposto.",
-                                                          "Attenzione")}));
+    EXPECT_EQ(messages(),
+              (std::vector<Shown>{information("ATTENZIONE : Vanno applicati gli "
+                                              "stessi\rDiritti/Onorari dovuti in sede giudiziale"),
+                                  information(" codice <> non previsto per una pratica di questo "
+                                              "valore.\rNessun valore proposto.",
+                                              "Attenzione")}));
 }
 
 TEST_F(GoldenScenarios, LireActionInEuroDialog)

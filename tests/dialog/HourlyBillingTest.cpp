@@ -33,11 +33,11 @@ TEST_F(HourlyBilling, LireAmountsRoundUpToTheThousandByTheTestOn5000)
     EXPECT_EQ(amountFor(7, 1, "2", "0"), "100.000"); // a multiple of 5000
     EXPECT_EQ(amountFor(7, 2, "1", "30"), "60.000"); // 40000 + 20000
     EXPECT_EQ(amountFor(7, 3, "0", "10"), "10.000"); // 10000 stays
-    EXPECT_EQ(amountFor(7, 3, "0", "6"), "7.000");   // 6000 becomes 7000
-    EXPECT_EQ(amountFor(7, 3, "0", "5"), "5.000");   // 5000 stays
+    EXPECT_EQ(amountFor(7, 3, "0", "6"), "7.000"); // 6000 becomes 7000
+    EXPECT_EQ(amountFor(7, 3, "0", "5"), "5.000"); // 5000 stays
     EXPECT_EQ(amountFor(7, 2, "1.5", ""), "60.000"); // fractions of an hour
-    EXPECT_EQ(amountFor(7, 2, "0", "1"), "1.000");   // 666.67 up to 1000
-    EXPECT_EQ(amountFor(7, 1, "0", "0.4"), "");      // minutes rounded to 0
+    EXPECT_EQ(amountFor(7, 2, "0", "1"), "1.000"); // 666.67 up to 1000
+    EXPECT_EQ(amountFor(7, 1, "0", "0.4"), ""); // minutes rounded to 0
 }
 
 TEST_F(HourlyBilling, EuroAmountsBelowAThousandBecomeAThousand)
@@ -90,9 +90,10 @@ TEST_F(HourlyBilling, PerformerListShowsTheRatesAndSelectsTheCurrentUser)
     const dialog::Control& list = form->control("cmbEseguito");
     EXPECT_EQ(list.columns, (std::vector<std::string>{"Utente", "TAREURO", "TARLIRE"}));
     EXPECT_EQ(list.keys, (std::vector<std::int32_t>{1, 2, 3}));
-    EXPECT_EQ(list.rows, (std::vector<std::vector<std::string>>{{"Avv. Rossi", "150,00", "50.000"},
-                                                                {"Dott. Verdi", "99,99", "40.000"},
-                                                                {"Praticante", ",40", "60.000"}}));
+    EXPECT_EQ(list.rows,
+              (std::vector<std::vector<std::string>>{{"Avv. Rossi", "150,00", "50.000"},
+                                                     {"Dott. Verdi", "99,99", "40.000"},
+                                                     {"Praticante", ",40", "60.000"}}));
     EXPECT_EQ(list.current, 1);
     EXPECT_EQ(list.text, "Dott. Verdi");
     // Selecting the current user's row does not price anything.

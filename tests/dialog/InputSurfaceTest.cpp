@@ -21,7 +21,8 @@ protected:
 
     // Runs `request`, which must be refused with `message` and change
     // nothing.
-    template <class Request> void expectRefused(Request request, const std::string& message)
+    template <class Request>
+    void expectRefused(Request request, const std::string& message)
     {
         const std::string before = describe(*form);
         try {

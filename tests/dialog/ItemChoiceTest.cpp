@@ -149,8 +149,9 @@ TEST_F(ItemChoice, CriminalListsWarnWhenTheCaseHasNoAuthority)
     const auto form = open(8, "15/03/2005");
     form->click("optPenale");
     form->open("cmbVoce");
-    EXPECT_EQ(messages(), std::vector<Shown>{information(
-                              "ATTENZIONE : Non e' selezionata nessuna Autorita' per la Pratica. \rSara' impossibile "
+    EXPECT_EQ(messages(),
+              std::vector<Shown>{
+                  information("ATTENZIONE : Non e' selezionata nessuna Autorita' per la Pratica. \rSara' impossibile "
                               "calcolare in automatico l'importo degli Onorari di Tipo Penale.")});
     // The list is filled all the same.
     EXPECT_EQ(form->control("cmbVoce").rows, (std::vector<std::vector<std::string>>{{"Udienza", "P05", "Tribunale"}}));

@@ -6,10 +6,7 @@
 namespace avlor::dialog {
 namespace {
 
-Currency amount(const char* text)
-{
-    return Currency::fromText(text);
-}
+Currency amount(const char* text) { return Currency::fromText(text); }
 
 TEST(MoneyText, ItalianSeparators)
 {

@@ -16,10 +16,7 @@ protected:
     std::string proposed(const std::string& day) { return open(7, day)->control("FNumOrdine").text; }
 };
 
-TEST_F(OrderNumber, FirstActionOfTheCaseIsOne)
-{
-    EXPECT_EQ(proposed("15/03/2005"), "1");
-}
+TEST_F(OrderNumber, FirstActionOfTheCaseIsOne) { EXPECT_EQ(proposed("15/03/2005"), "1"); }
 
 TEST_F(OrderNumber, AfterTheLastActionDatedOnOrBeforeTheDay)
 {

@@ -118,8 +118,9 @@ TEST_F(Startup, EveryDatabaseRoutineShowsTheBusyPointer)
             busy.push_back(event);
         }
     }
-    EXPECT_EQ(busy, (std::vector<std::string>{"busy on", "busy off", "busy on", "busy off", "busy on", "busy off",
-                                              "busy on", "busy off", "busy on", "busy off", "busy on", "busy off"}));
+    EXPECT_EQ(busy,
+              (std::vector<std::string>{"busy on", "busy off", "busy on", "busy off", "busy on", "busy off", "busy on",
+                                        "busy off", "busy on", "busy off", "busy on", "busy off"}));
 }
 
 TEST_F(Startup, UnreadableConfigurationClosesTheDialog)

@@ -39,12 +39,14 @@ TEST(Statements, ProposalForAnHourlyActionBeingChangedLeavesItOut)
 
 TEST(Statements, GridOfEitherSequence)
 {
-    EXPECT_EQ(griglia(7, true), "SELECT Azioni.*, Utenti.NomeUtente FROM Utenti INNER JOIN Azioni ON "
-                                "Utenti.ID_Utente = Azioni.IdEseguitoDa WHERE IdPra = 7 AND IsTariffa = 'TRUE'  "
-                                "ORDER BY NOrdine ");
-    EXPECT_EQ(griglia(7, false), "SELECT Azioni.*, Utenti.NomeUtente FROM Utenti INNER JOIN Azioni ON "
-                                 "Utenti.ID_Utente = Azioni.IdEseguitoDa WHERE IdPra = 7 AND IsTariffa = 'FALSE'  "
-                                 "ORDER BY NOrdine ");
+    EXPECT_EQ(griglia(7, true),
+              "SELECT Azioni.*, Utenti.NomeUtente FROM Utenti INNER JOIN Azioni ON "
+              "Utenti.ID_Utente = Azioni.IdEseguitoDa WHERE IdPra = 7 AND IsTariffa = 'TRUE'  "
+              "ORDER BY NOrdine ");
+    EXPECT_EQ(griglia(7, false),
+              "SELECT Azioni.*, Utenti.NomeUtente FROM Utenti INNER JOIN Azioni ON "
+              "Utenti.ID_Utente = Azioni.IdEseguitoDa WHERE IdPra = 7 AND IsTariffa = 'FALSE'  "
+              "ORDER BY NOrdine ");
 }
 
 TEST(Statements, TariffItemsByCodeAndByDescription)
@@ -69,10 +71,7 @@ TEST(Statements, TemplatesOfTheItemListLeaveTheCriminalFlagBare)
     EXPECT_EQ(parcelleBaseVoce(true, false), "SELECT * FROM ParcellaBase  ORDER BY NomeParcella ");
 }
 
-TEST(Statements, OneAction)
-{
-    EXPECT_EQ(azione(42), "SELECT * FROM Azioni WHERE IdAzione = 42");
-}
+TEST(Statements, OneAction) { EXPECT_EQ(azione(42), "SELECT * FROM Azioni WHERE IdAzione = 42"); }
 
 } // namespace
 } // namespace avlor::dialog::sql

@@ -49,8 +49,8 @@ std::vector<BracketCase> casesOf(const Bounds& b, bool civil)
         const Currency upper = Currency::fromText(b.uppers[i]);
         const bool nextIsOpen = i + 1 == b.uppers.size();
         cases.push_back({b.edition, b.uppers[i], b.words[i], false});
-        cases.push_back({b.edition, (upper + Currency::fromText(b.unit)).toText(), b.words[i + 1],
-                         civil && nextIsOpen});
+        cases.push_back(
+            {b.edition, (upper + Currency::fromText(b.unit)).toText(), b.words[i + 1], civil && nextIsOpen});
         cases.push_back({b.edition, (upper + Currency::fromText(b.inGap)).toText(), "", false});
     }
     return cases;
@@ -84,7 +84,7 @@ std::vector<BracketCase> civilCases()
     return all;
 }
 
-class RightsBracketTest : public testing::TestWithParam<BracketCase> {};
+class RightsBracketTest : public testing::TestWithParam<BracketCase> { };
 
 TEST_P(RightsBracketTest, ChoosesTheColumnOfTheBracket)
 {
@@ -94,7 +94,7 @@ TEST_P(RightsBracketTest, ChoosesTheColumnOfTheBracket)
 
 INSTANTIATE_TEST_SUITE_P(EveryBound, RightsBracketTest, testing::ValuesIn(rightsCases()));
 
-class CivilBracketTest : public testing::TestWithParam<BracketCase> {};
+class CivilBracketTest : public testing::TestWithParam<BracketCase> { };
 
 TEST_P(CivilBracketTest, ChoosesTheWordAndFlagOfTheBracket)
 {
@@ -108,26 +108,25 @@ INSTANTIATE_TEST_SUITE_P(EveryBound, CivilBracketTest, testing::ValuesIn(civilCa
 
 // In the lire table only item 13 uses the sub-brackets, and only up to
 // 1,000,000 lire; other items keep SCA1.
-INSTANTIATE_TEST_SUITE_P(
-    Lire94SubBrackets, CivilBracketTest,
-    testing::Values(BracketCase{Edition::Lire94, "800000", "SCA03", false, 13},
-                    BracketCase{Edition::Lire94, "800000", "SCA1", false, 14},
-                    BracketCase{Edition::Lire94, "800000", "SCA1", false, 1},
-                    BracketCase{Edition::Lire94, "0", "SCA01", false, 13},
-                    BracketCase{Edition::Lire94, "-1", "SCA01", false, 13},
-                    BracketCase{Edition::Lire94, "250000", "SCA01", false, 13},
-                    BracketCase{Edition::Lire94, "250001", "SCA02", false, 13},
-                    BracketCase{Edition::Lire94, "500000", "SCA02", false, 13},
-                    BracketCase{Edition::Lire94, "500001", "SCA03", false, 13},
-                    BracketCase{Edition::Lire94, "1000000", "SCA03", false, 13},
-                    BracketCase{Edition::Lire94, "1000001", "SCA1", false, 13},
-                    BracketCase{Edition::Lire94, "250000", "SCA1", false, 12},
-                    // In a sub-bracket gap the main bracket's word stays.
-                    BracketCase{Edition::Lire94, "250000.5", "SCA1", false, 13},
-                    BracketCase{Edition::Lire94, "500000.5", "SCA1", false, 13},
-                    // The euro tables use the sub-brackets for every item.
-                    BracketCase{Edition::Euro94, "100", "SCA01", false, 14},
-                    BracketCase{Edition::Euro2004, "100", "SCA01", false, 14}));
+INSTANTIATE_TEST_SUITE_P(Lire94SubBrackets, CivilBracketTest,
+                         testing::Values(BracketCase{Edition::Lire94, "800000", "SCA03", false, 13},
+                                         BracketCase{Edition::Lire94, "800000", "SCA1", false, 14},
+                                         BracketCase{Edition::Lire94, "800000", "SCA1", false, 1},
+                                         BracketCase{Edition::Lire94, "0", "SCA01", false, 13},
+                                         BracketCase{Edition::Lire94, "-1", "SCA01", false, 13},
+                                         BracketCase{Edition::Lire94, "250000", "SCA01", false, 13},
+                                         BracketCase{Edition::Lire94, "250001", "SCA02", false, 13},
+                                         BracketCase{Edition::Lire94, "500000", "SCA02", false, 13},
+                                         BracketCase{Edition::Lire94, "500001", "SCA03", false, 13},
+                                         BracketCase{Edition::Lire94, "1000000", "SCA03", false, 13},
+                                         BracketCase{Edition::Lire94, "1000001", "SCA1", false, 13},
+                                         BracketCase{Edition::Lire94, "250000", "SCA1", false, 12},
+                                         // In a sub-bracket gap the main bracket's word stays.
+                                         BracketCase{Edition::Lire94, "250000.5", "SCA1", false, 13},
+                                         BracketCase{Edition::Lire94, "500000.5", "SCA1", false, 13},
+                                         // The euro tables use the sub-brackets for every item.
+                                         BracketCase{Edition::Euro94, "100", "SCA01", false, 14},
+                                         BracketCase{Edition::Euro2004, "100", "SCA01", false, 14}));
 
 TEST(CivilBracket, TheDocumentedExamples)
 {

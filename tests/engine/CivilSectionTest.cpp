@@ -26,7 +26,7 @@ using test::FeeRowFixture;
 using test::noProposal;
 using test::valueCall;
 
-const char* const Words[] = {"SCA01", "SCA02", "SCA03", "SCA1", "SCA2", "SCA3", "SCA4",
+const char* const Words[] = {"SCA01", "SCA02", "SCA03", "SCA1", "SCA2", "SCA3",  "SCA4",
                              "SCA5",  "SCA6",  "SCA7",  "SCA8", "SCA9", "SCA10", "SCA11"};
 
 // word + "MIN" holds 10,000 x the word's position and word + "MAX" 5,000
@@ -96,7 +96,7 @@ std::vector<CivilCase> bracketCases()
     return cases;
 }
 
-class CivilBracketRowTest : public test::FeeDatabaseTestWithParam<CivilCase> {};
+class CivilBracketRowTest : public test::FeeDatabaseTestWithParam<CivilCase> { };
 
 TEST_P(CivilBracketRowTest, ProposesFromTheBandOfTheBracket)
 {
@@ -133,8 +133,9 @@ protected:
 
 TEST_F(CivilRowTest, LireProposalsAreRoundedButTheBandIsNot)
 {
-    FeeRowFixture::insertRow("Onorari94", 2, "2",
-                             {{"SCA1MIN", "12345"}, {"SCA1MAX", "33333"}, {"MINSTRAORDIMP", "1"}, {"MAXSTRAORDIMP", "2"}});
+    FeeRowFixture::insertRow(
+        "Onorari94", 2, "2",
+        {{"SCA1MIN", "12345"}, {"SCA1MAX", "33333"}, {"MINSTRAORDIMP", "1"}, {"MAXSTRAORDIMP", "2"}});
     ScopedMessageRecorder messages;
     EngineCall atMin = valueCall("Onorari94", 2, "1000", 0, 0);
     EXPECT_EQ(atMin.run().toFixed4(), "15000.0000");
@@ -162,8 +163,12 @@ TEST_F(CivilRowTest, EuroProposalsAreNotRounded)
 TEST_F(CivilRowTest, IndeterminateValueUsesTheIndeterminateBandAndTheExtraordinaryOne)
 {
     FeeRowFixture::insertRow("Onorari94Euro", 4, "4",
-                             {{"MININDET", "100"}, {"MAXINDET", "300"}, {"MINSTRAORDIMP", "400"},
-                              {"MAXSTRAORDIMP", "500"}, {"SCA01MIN", "1"}, {"SCA01MAX", "2"}});
+                             {{"MININDET", "100"},
+                              {"MAXINDET", "300"},
+                              {"MINSTRAORDIMP", "400"},
+                              {"MAXSTRAORDIMP", "500"},
+                              {"SCA01MIN", "1"},
+                              {"SCA01MAX", "2"}});
     ScopedMessageRecorder messages;
     // A value between two brackets does not matter here.
     EngineCall c = valueCall("Onorari94Euro", 4, "129.115", -1, 50);
@@ -214,9 +219,9 @@ TEST_F(CivilRowTest, AFlagThatIsNeitherFalseNorTrueRunsNeitherBranch)
 // 6,000,000,000 / 5,000,000,000 = 1.2, and each end is rounded up as lire.
 TEST_F(CivilRowTest, Lire94AboveTheLastBracketScalesTheBand)
 {
-    FeeRowFixture::insertRow("Onorari94", 9, "9",
-                             {{"SCA11MIN", "1234567"}, {"SCA11MAX", "2345678"}, {"MINSTRAORDIMP", "7"},
-                              {"MAXSTRAORDIMP", "9"}});
+    FeeRowFixture::insertRow(
+        "Onorari94", 9, "9",
+        {{"SCA11MIN", "1234567"}, {"SCA11MAX", "2345678"}, {"MINSTRAORDIMP", "7"}, {"MAXSTRAORDIMP", "9"}});
     ScopedMessageRecorder messages;
     for (std::int16_t bInd : {std::int16_t{0}, std::int16_t{-1}, std::int16_t{5}}) {
         EngineCall c = valueCall("Onorari94", 9, "6000000000", bInd, 37);
@@ -237,9 +242,9 @@ TEST_F(CivilRowTest, Lire94AboveTheLastBracketScalesTheBand)
 // The euro table works out the ratio but proposes from the band as read.
 TEST_F(CivilRowTest, Euro94AboveTheLastBracketKeepsTheBand)
 {
-    FeeRowFixture::insertRow("Onorari94Euro", 9, "9",
-                             {{"SCA11MIN", "1234.56"}, {"SCA11MAX", "2345.67"}, {"MINSTRAORDIMP", "7"},
-                              {"MAXSTRAORDIMP", "9"}});
+    FeeRowFixture::insertRow(
+        "Onorari94Euro", 9, "9",
+        {{"SCA11MIN", "1234.56"}, {"SCA11MAX", "2345.67"}, {"MINSTRAORDIMP", "7"}, {"MAXSTRAORDIMP", "9"}});
     ScopedMessageRecorder messages;
     EngineCall c = valueCall("Onorari94Euro", 9, "5164569", 1, 0);
     EXPECT_EQ(c.run().toFixed4(), "1234.5600");
@@ -255,8 +260,12 @@ TEST_F(CivilRowTest, Euro94AboveTheLastBracketKeepsTheBand)
 TEST_F(CivilRowTest, Euro2004AboveTheLastBracketUsesItsOwnColumns)
 {
     FeeRowFixture::insertRow("Onorari2004Euro", 9, "9",
-                             {{"SCA9MIN", "1"}, {"SCA9MAX", "2"}, {"SCA10MIN", "5000"}, {"SCA10MAX", "9000"},
-                              {"MINSTRAORDIMP", "7"}, {"MAXSTRAORDIMP", "9"}});
+                             {{"SCA9MIN", "1"},
+                              {"SCA9MAX", "2"},
+                              {"SCA10MIN", "5000"},
+                              {"SCA10MAX", "9000"},
+                              {"MINSTRAORDIMP", "7"},
+                              {"MAXSTRAORDIMP", "9"}});
     ScopedMessageRecorder messages;
     EngineCall c = valueCall("Onorari2004Euro", 9, "6000000", -1, 100);
     EXPECT_EQ(c.run().toFixed4(), "9000.0000");

@@ -41,9 +41,9 @@ protected:
 
 TEST_F(ClsParcellaTest, ProposesWhatTheEngineProposes)
 {
-    FeeRowFixture::insertRow("Onorari2004Euro", 3, "3",
-                             {{"SCA1MIN", "100"}, {"SCA1MAX", "300"}, {"MINSTRAORDIMP", "400"},
-                              {"MAXSTRAORDIMP", "500"}});
+    FeeRowFixture::insertRow(
+        "Onorari2004Euro", 3, "3",
+        {{"SCA1MIN", "100"}, {"SCA1MAX", "300"}, {"MINSTRAORDIMP", "400"}, {"MAXSTRAORDIMP", "500"}});
     ScopedMessageRecorder messages;
     EngineCall c = valueCall("Onorari2004Euro", 3, "3000", 0, 37);
     EXPECT_EQ(calcolaTariffa(c).toFixed4(), "174.0000");

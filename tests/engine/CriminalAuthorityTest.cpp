@@ -1,8 +1,8 @@
 // The criminal-fee columns chosen by the authority, in each edition.
 #include <gtest/gtest.h>
 
-#include <ostream>
 #include <initializer_list>
+#include <ostream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -23,7 +23,7 @@ struct AuthorityCase {
     }
 };
 
-class CriminalAuthorityTest : public testing::TestWithParam<AuthorityCase> {};
+class CriminalAuthorityTest : public testing::TestWithParam<AuthorityCase> { };
 
 TEST_P(CriminalAuthorityTest, ChoosesTheColumnPrefix)
 {
@@ -53,42 +53,39 @@ std::vector<AuthorityCase> inEveryEdition(std::initializer_list<std::pair<const 
     return cases;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    SameInEveryEdition, CriminalAuthorityTest,
-    testing::ValuesIn(inEveryEdition({{"Pretura", "Pretura"},
-                                      {"Tribunale in comp. monocratica", "Tribunale"},
-                                      {"Tribunale in comp. collegiale", "Tribunale"},
-                                      {"Tribunale", "Tribunale"},
-                                      {"Corte d'Assise e d'Assise d'Appello", "AssiseApp"},
-                                      {"Corte d'Appello", "Appello"},
-                                      {"Corte Costituzionale e Cassazione", "CostCass"}})));
+INSTANTIATE_TEST_SUITE_P(SameInEveryEdition, CriminalAuthorityTest,
+                         testing::ValuesIn(inEveryEdition({{"Pretura", "Pretura"},
+                                                           {"Tribunale in comp. monocratica", "Tribunale"},
+                                                           {"Tribunale in comp. collegiale", "Tribunale"},
+                                                           {"Tribunale", "Tribunale"},
+                                                           {"Corte d'Assise e d'Assise d'Appello", "AssiseApp"},
+                                                           {"Corte d'Appello", "Appello"},
+                                                           {"Corte Costituzionale e Cassazione", "CostCass"}})));
 
 // The justice of the peace and the preliminary-hearing judge have columns of
 // their own only in 2004; before, they are priced as the Tribunale.
-INSTANTIATE_TEST_SUITE_P(
-    OwnColumnsOnlyIn2004, CriminalAuthorityTest,
-    testing::Values(AuthorityCase{"Giudice di pace", "OnorariPenali94", L, "Tribunale"},
-                    AuthorityCase{"Giudice di pace", "OnorariPenali94Euro", E94, "Tribunale"},
-                    AuthorityCase{"Giudice di pace", "OnorariPenali2004Euro", E04, "GiuPace"},
-                    AuthorityCase{"Giudice di pace", "  onoraripenali2004EURO ", E04, "GiuPace"},
-                    AuthorityCase{"Gip e Gup", "OnorariPenali94", L, "Tribunale"},
-                    AuthorityCase{"Gip e Gup", "OnorariPenali94Euro", E94, "Tribunale"},
-                    AuthorityCase{"Gip e Gup", "OnorariPenali2004Euro", E04, "Gip"},
-                    AuthorityCase{"Gip e Gup", " onoraripenali2004euro", E04, "Gip"}));
+INSTANTIATE_TEST_SUITE_P(OwnColumnsOnlyIn2004, CriminalAuthorityTest,
+                         testing::Values(AuthorityCase{"Giudice di pace", "OnorariPenali94", L, "Tribunale"},
+                                         AuthorityCase{"Giudice di pace", "OnorariPenali94Euro", E94, "Tribunale"},
+                                         AuthorityCase{"Giudice di pace", "OnorariPenali2004Euro", E04, "GiuPace"},
+                                         AuthorityCase{"Giudice di pace", "  onoraripenali2004EURO ", E04, "GiuPace"},
+                                         AuthorityCase{"Gip e Gup", "OnorariPenali94", L, "Tribunale"},
+                                         AuthorityCase{"Gip e Gup", "OnorariPenali94Euro", E94, "Tribunale"},
+                                         AuthorityCase{"Gip e Gup", "OnorariPenali2004Euro", E04, "Gip"},
+                                         AuthorityCase{"Gip e Gup", " onoraripenali2004euro", E04, "Gip"}));
 
 // Compared exactly: letter case and blanks count.
-INSTANTIATE_TEST_SUITE_P(
-    Unknown, CriminalAuthorityTest,
-    testing::Values(AuthorityCase{"", "OnorariPenali94", L, ""},
-                    AuthorityCase{"tribunale", "OnorariPenali94", L, ""},
-                    AuthorityCase{"TRIBUNALE", "OnorariPenali2004Euro", E04, ""},
-                    AuthorityCase{"Tribunale ", "OnorariPenali94Euro", E94, ""},
-                    AuthorityCase{" Tribunale", "OnorariPenali94Euro", E94, ""},
-                    AuthorityCase{"Giudice di Pace", "OnorariPenali2004Euro", E04, ""},
-                    AuthorityCase{"Gip e GUP", "OnorariPenali2004Euro", E04, ""},
-                    AuthorityCase{"Corte d Appello", "OnorariPenali2004Euro", E04, ""},
-                    AuthorityCase{"Corte d'Assise", "OnorariPenali2004Euro", E04, ""},
-                    AuthorityCase{"Cassazione", "OnorariPenali2004Euro", E04, ""}));
+INSTANTIATE_TEST_SUITE_P(Unknown, CriminalAuthorityTest,
+                         testing::Values(AuthorityCase{"", "OnorariPenali94", L, ""},
+                                         AuthorityCase{"tribunale", "OnorariPenali94", L, ""},
+                                         AuthorityCase{"TRIBUNALE", "OnorariPenali2004Euro", E04, ""},
+                                         AuthorityCase{"Tribunale ", "OnorariPenali94Euro", E94, ""},
+                                         AuthorityCase{" Tribunale", "OnorariPenali94Euro", E94, ""},
+                                         AuthorityCase{"Giudice di Pace", "OnorariPenali2004Euro", E04, ""},
+                                         AuthorityCase{"Gip e GUP", "OnorariPenali2004Euro", E04, ""},
+                                         AuthorityCase{"Corte d Appello", "OnorariPenali2004Euro", E04, ""},
+                                         AuthorityCase{"Corte d'Assise", "OnorariPenali2004Euro", E04, ""},
+                                         AuthorityCase{"Cassazione", "OnorariPenali2004Euro", E04, ""}));
 
 } // namespace
 } // namespace avlor

@@ -76,7 +76,7 @@ std::vector<CriminalCase> authorityCases()
     return cases;
 }
 
-class CriminalAuthorityRowTest : public test::FeeDatabaseTestWithParam<CriminalCase> {};
+class CriminalAuthorityRowTest : public test::FeeDatabaseTestWithParam<CriminalCase> { };
 
 TEST_P(CriminalAuthorityRowTest, ReadsTheBandOfTheAuthority)
 {
@@ -172,8 +172,9 @@ TEST_F(CriminalRowTest, TheBandIsTakenWithoutATestOfItsSign)
     EXPECT_EQ(zero.run(), Currency{});
     expectCleared(zero);
     ASSERT_NO_FATAL_FAILURE(expectOneMessage(messages, noProposal("Onorario Penale", "P 3")));
-    EXPECT_EQ(messages.recorder().shown()[0].text, "Onorario Penale codice <P 3> non previsto per una pratica di "
-                                                   "questo valore.\rNessun valore proposto.");
+    EXPECT_EQ(messages.recorder().shown()[0].text,
+              "Onorario Penale codice <P 3> non previsto per una pratica di "
+              "questo valore.\rNessun valore proposto.");
 }
 
 TEST_F(CriminalRowTest, AnEmptyColumnFails)
@@ -201,8 +202,12 @@ TEST_F(CriminalRowTest, AMissingRowFailsWithoutAMessage)
 TEST_F(CriminalRowTest, The1994TablesPriceTheNewAuthoritiesAsTheTribunale)
 {
     FeeRowFixture::insertRow("OnorariPenali94", 5, "5",
-                             {{"TribunaleMIN", "5000"}, {"TribunaleMAX", "10000"}, {"GipMIN", "1"}, {"GipMAX", "2"},
-                              {"GiuPaceMIN", "3"}, {"GiuPaceMAX", "4"}});
+                             {{"TribunaleMIN", "5000"},
+                              {"TribunaleMAX", "10000"},
+                              {"GipMIN", "1"},
+                              {"GipMAX", "2"},
+                              {"GiuPaceMIN", "3"},
+                              {"GiuPaceMAX", "4"}});
     ScopedMessageRecorder messages;
     for (const char* autorita : {"Gip e Gup", "Giudice di pace"}) {
         EngineCall c = call("OnorariPenali94", 5, autorita, 100);

@@ -77,7 +77,7 @@ TEST(Dispatch, ANegativeProposalIsStillAProposal)
     EXPECT_TRUE(messages.recorder().shown().empty());
 }
 
-class UnknownAuthorityTest : public testing::TestWithParam<const char*> {};
+class UnknownAuthorityTest : public testing::TestWithParam<const char*> { };
 
 // An authority the criminal tables do not know clears the band, reads no
 // row and proposes nothing, in every edition.

@@ -12,8 +12,7 @@
 namespace avlor::test {
 
 // A call on item `id` of `table` for the value given as decimal text.
-inline EngineCall valueCall(const char* table, std::int32_t id, const char* value, std::int16_t bInd,
-                            std::int16_t vRil)
+inline EngineCall valueCall(const char* table, std::int32_t id, const char* value, std::int16_t bInd, std::int16_t vRil)
 {
     EngineCall c;
     c.sTabella = table;

@@ -2,8 +2,8 @@
 // priced without reading any row.
 #include <gtest/gtest.h>
 
-#include <ostream>
 #include <initializer_list>
+#include <ostream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -42,7 +42,7 @@ std::vector<FixedCase> fixedItemCases(const char* sTabella, std::int32_t idTarif
     return cases;
 }
 
-class FixedItemTest : public testing::TestWithParam<FixedCase> {};
+class FixedItemTest : public testing::TestWithParam<FixedCase> { };
 
 TEST_P(FixedItemTest, PricesFromTheConstantBand)
 {
@@ -65,15 +65,15 @@ TEST_P(FixedItemTest, PricesFromTheConstantBand)
 // 15,000 + 35,000 x vRil / 100, rounded up to 5,000 lire.
 INSTANTIATE_TEST_SUITE_P(
     Diritti94, FixedItemTest,
-    testing::ValuesIn(fixedItemCases("Diritti94", 132, "15000", "50000",
-                                     {{0, "15000"}, {1, "20000"}, {37, "30000"}, {50, "35000"}, {99, "50000"},
-                                      {100, "50000"}})));
+    testing::ValuesIn(
+        fixedItemCases("Diritti94", 132, "15000", "50000",
+                       {{0, "15000"}, {1, "20000"}, {37, "30000"}, {50, "35000"}, {99, "50000"}, {100, "50000"}})));
 
 INSTANTIATE_TEST_SUITE_P(
     Diritti94Euro, FixedItemTest,
-    testing::ValuesIn(fixedItemCases("Diritti94Euro", 132, "7.75", "25.82",
-                                     {{0, "7.75"}, {1, "7.9307"}, {37, "14.4359"}, {50, "16.785"}, {99, "25.6393"},
-                                      {100, "25.82"}})));
+    testing::ValuesIn(fixedItemCases(
+        "Diritti94Euro", 132, "7.75", "25.82",
+        {{0, "7.75"}, {1, "7.9307"}, {37, "14.4359"}, {50, "16.785"}, {99, "25.6393"}, {100, "25.82"}})));
 
 // The band is stored inverted (30 to 10) while the end points give 10 and 30.
 INSTANTIATE_TEST_SUITE_P(
@@ -83,21 +83,26 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     Onorari94, FixedItemTest,
-    testing::ValuesIn(fixedItemCases("Onorari94", 62, "15000", "50000",
-                                     {{0, "15000"}, {1, "20000"}, {37, "30000"}, {50, "35000"}, {99, "50000"},
-                                      {100, "50000"}})));
+    testing::ValuesIn(
+        fixedItemCases("Onorari94", 62, "15000", "50000",
+                       {{0, "15000"}, {1, "20000"}, {37, "30000"}, {50, "35000"}, {99, "50000"}, {100, "50000"}})));
 
 INSTANTIATE_TEST_SUITE_P(
     Onorari94Euro, FixedItemTest,
-    testing::ValuesIn(fixedItemCases("Onorari94Euro", 62, "7.75", "25.82",
-                                     {{0, "7.75"}, {1, "7.9307"}, {37, "14.4359"}, {50, "16.785"}, {99, "25.6393"},
-                                      {100, "25.82"}})));
+    testing::ValuesIn(fixedItemCases(
+        "Onorari94Euro", 62, "7.75", "25.82",
+        {{0, "7.75"}, {1, "7.9307"}, {37, "14.4359"}, {50, "16.785"}, {99, "25.6393"}, {100, "25.82"}})));
 
-INSTANTIATE_TEST_SUITE_P(
-    Onorari2004Euro, FixedItemTest,
-    testing::ValuesIn(fixedItemCases("Onorari2004Euro", 62, "10", "30",
-                                     {{0, "10"}, {1, "10.2"}, {37, "17.4"}, {50, "20"}, {99, "29.8"}, {100, "30"},
-                                      {-1, "9.8"}, {32767, "6563.4"}})));
+INSTANTIATE_TEST_SUITE_P(Onorari2004Euro, FixedItemTest,
+                         testing::ValuesIn(fixedItemCases("Onorari2004Euro", 62, "10", "30",
+                                                          {{0, "10"},
+                                                           {1, "10.2"},
+                                                           {37, "17.4"},
+                                                           {50, "20"},
+                                                           {99, "29.8"},
+                                                           {100, "30"},
+                                                           {-1, "9.8"},
+                                                           {32767, "6563.4"}})));
 
 // The rights' fixed items are not those of the civil tables, and vice versa:
 // 62 is not fixed in a rights table, 132 and 391 not in a civil one, and

@@ -33,12 +33,12 @@ struct OutOfCourtCase {
     std::int16_t bInd = 0;
     friend void PrintTo(const OutOfCourtCase& c, std::ostream* os)
     {
-        *os << c.sTabella << " item " << c.idTariffa << " value " << c.value << " bInd " << c.bInd << " vRil "
-            << c.vRil << " -> " << c.result << " [" << c.MinTar << ", " << c.MaxTar << "]";
+        *os << c.sTabella << " item " << c.idTariffa << " value " << c.value << " bInd " << c.bInd << " vRil " << c.vRil
+            << " -> " << c.result << " [" << c.MinTar << ", " << c.MaxTar << "]";
     }
 };
 
-class OutOfCourtPricedTest : public testing::TestWithParam<OutOfCourtCase> {};
+class OutOfCourtPricedTest : public testing::TestWithParam<OutOfCourtCase> { };
 
 TEST_P(OutOfCourtPricedTest, SetsTheBandAndProposesByRelevance)
 {
@@ -60,41 +60,39 @@ TEST_P(OutOfCourtPricedTest, SetsTheBandAndProposesByRelevance)
 
 INSTANTIATE_TEST_SUITE_P(
     Euro2004Percentage, OutOfCourtPricedTest,
-    testing::Values(
-        OutOfCourtCase{"OnorariStrag2004Euro", 10, "5200", 0, "156", "156", "312"},
-        OutOfCourtCase{"OnorariStrag2004Euro", 10, "5200", 100, "312", "156", "312"},
-        OutOfCourtCase{"OnorariStrag2004Euro", 10, "5200", 50, "234", "156", "312"},
-        OutOfCourtCase{"OnorariStrag2004Euro", 10, "25900", 0, "518.25", "518.25", "1398.75"},
-        OutOfCourtCase{"OnorariStrag2004Euro", 10, "0.01", 0, "0.0003", "0.0003", "0.0006"},
-        OutOfCourtCase{"OnorariStrag2004Euro", 10, "1", 100, "0.06", "0.03", "0.06"},
-        // 156 + 0.01 x 1.75 % and 312 + 0.01 x 5.25 %.
-        OutOfCourtCase{"OnorariStrag2004Euro", 10, "5200.01", 0, "156.0002", "156.0002", "312.0005"},
-        OutOfCourtCase{"OnorariStrag2004Euro", 10, "2582300.01", 0, "18981", "18981", "69698.2501"},
-        OutOfCourtCase{"OnorariStrag2004Euro", 11, "5200", 0, "78", "78", "156"},
-        OutOfCourtCase{"OnorariStrag2004Euro", 11, "5200", 50, "117", "78", "156"},
-        OutOfCourtCase{"OnorariStrag2004Euro", 11, "25900", 100, "699.375", "259.125", "699.375"},
-        // 18,981 + 417,700 x 0.25 % and 69,698.25 + 417,700 x 1 %.
-        OutOfCourtCase{"OnorariStrag2004Euro", 12, "3000000", 0, "20025.25", "20025.25", "73875.25"},
-        OutOfCourtCase{"OnorariStrag2004Euro", 12, "3000000", 37, "39949.75", "20025.25", "73875.25"},
-        // The indeterminate-value flag plays no part in the percentage items.
-        OutOfCourtCase{"OnorariStrag2004Euro", 10, "5200", 0, "156", "156", "312", -1},
-        OutOfCourtCase{"OnorariStrag2004Euro", 12, "5200", 0, "156", "156", "312", 3}));
+    testing::Values(OutOfCourtCase{"OnorariStrag2004Euro", 10, "5200", 0, "156", "156", "312"},
+                    OutOfCourtCase{"OnorariStrag2004Euro", 10, "5200", 100, "312", "156", "312"},
+                    OutOfCourtCase{"OnorariStrag2004Euro", 10, "5200", 50, "234", "156", "312"},
+                    OutOfCourtCase{"OnorariStrag2004Euro", 10, "25900", 0, "518.25", "518.25", "1398.75"},
+                    OutOfCourtCase{"OnorariStrag2004Euro", 10, "0.01", 0, "0.0003", "0.0003", "0.0006"},
+                    OutOfCourtCase{"OnorariStrag2004Euro", 10, "1", 100, "0.06", "0.03", "0.06"},
+                    // 156 + 0.01 x 1.75 % and 312 + 0.01 x 5.25 %.
+                    OutOfCourtCase{"OnorariStrag2004Euro", 10, "5200.01", 0, "156.0002", "156.0002", "312.0005"},
+                    OutOfCourtCase{"OnorariStrag2004Euro", 10, "2582300.01", 0, "18981", "18981", "69698.2501"},
+                    OutOfCourtCase{"OnorariStrag2004Euro", 11, "5200", 0, "78", "78", "156"},
+                    OutOfCourtCase{"OnorariStrag2004Euro", 11, "5200", 50, "117", "78", "156"},
+                    OutOfCourtCase{"OnorariStrag2004Euro", 11, "25900", 100, "699.375", "259.125", "699.375"},
+                    // 18,981 + 417,700 x 0.25 % and 69,698.25 + 417,700 x 1 %.
+                    OutOfCourtCase{"OnorariStrag2004Euro", 12, "3000000", 0, "20025.25", "20025.25", "73875.25"},
+                    OutOfCourtCase{"OnorariStrag2004Euro", 12, "3000000", 37, "39949.75", "20025.25", "73875.25"},
+                    // The indeterminate-value flag plays no part in the percentage items.
+                    OutOfCourtCase{"OnorariStrag2004Euro", 10, "5200", 0, "156", "156", "312", -1},
+                    OutOfCourtCase{"OnorariStrag2004Euro", 12, "5200", 0, "156", "156", "312", 3}));
 
-INSTANTIATE_TEST_SUITE_P(
-    Euro2004FixedBand, OutOfCourtPricedTest,
-    testing::Values(OutOfCourtCase{"OnorariStrag2004Euro", 1, "1000", 0, "15", "15", "150"},
-                    OutOfCourtCase{"OnorariStrag2004Euro", 1, "1000", 100, "150", "15", "150"},
-                    OutOfCourtCase{"OnorariStrag2004Euro", 1, "1000", 50, "82.5", "15", "150"},
-                    OutOfCourtCase{"OnorariStrag2004Euro", 1, "0", 50, "82.5", "15", "150", -1},
-                    OutOfCourtCase{"OnorariStrag2004Euro", 5, "1000", 50, "12.5", "10", "15"},
-                    OutOfCourtCase{"OnorariStrag2004Euro", 7, "1000", 0, "35", "35", "60"},
-                    OutOfCourtCase{"OnorariStrag2004Euro", 8, "1000", 100, "125", "65", "125"},
-                    OutOfCourtCase{"OnorariStrag2004Euro", 13, "1000", 1, "47.3", "40", "770"},
-                    // Item 4 is a fixed amount that bypasses the band.
-                    OutOfCourtCase{"OnorariStrag2004Euro", 4, "1000", 0, "13", "0", "0"},
-                    OutOfCourtCase{"OnorariStrag2004Euro", 4, "0", 37, "13", "0", "0"},
-                    OutOfCourtCase{"OnorariStrag2004Euro", 4, "-5", 100, "13", "0", "0", -1},
-                    OutOfCourtCase{"OnorariStrag2004Euro", 4, "10000000", 99, "13", "0", "0"}));
+INSTANTIATE_TEST_SUITE_P(Euro2004FixedBand, OutOfCourtPricedTest,
+                         testing::Values(OutOfCourtCase{"OnorariStrag2004Euro", 1, "1000", 0, "15", "15", "150"},
+                                         OutOfCourtCase{"OnorariStrag2004Euro", 1, "1000", 100, "150", "15", "150"},
+                                         OutOfCourtCase{"OnorariStrag2004Euro", 1, "1000", 50, "82.5", "15", "150"},
+                                         OutOfCourtCase{"OnorariStrag2004Euro", 1, "0", 50, "82.5", "15", "150", -1},
+                                         OutOfCourtCase{"OnorariStrag2004Euro", 5, "1000", 50, "12.5", "10", "15"},
+                                         OutOfCourtCase{"OnorariStrag2004Euro", 7, "1000", 0, "35", "35", "60"},
+                                         OutOfCourtCase{"OnorariStrag2004Euro", 8, "1000", 100, "125", "65", "125"},
+                                         OutOfCourtCase{"OnorariStrag2004Euro", 13, "1000", 1, "47.3", "40", "770"},
+                                         // Item 4 is a fixed amount that bypasses the band.
+                                         OutOfCourtCase{"OnorariStrag2004Euro", 4, "1000", 0, "13", "0", "0"},
+                                         OutOfCourtCase{"OnorariStrag2004Euro", 4, "0", 37, "13", "0", "0"},
+                                         OutOfCourtCase{"OnorariStrag2004Euro", 4, "-5", 100, "13", "0", "0", -1},
+                                         OutOfCourtCase{"OnorariStrag2004Euro", 4, "10000000", 99, "13", "0", "0"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Euro2004ValueBracket, OutOfCourtPricedTest,
@@ -124,8 +122,7 @@ INSTANTIATE_TEST_SUITE_P(
                     // 154.94 + 20,658.27 x 1.75 % and 309.87 + 20,658.27 x 5.25 %.
                     OutOfCourtCase{"OnorariStrag94Euro", 10, "25822.84", 0, "516.4597", "516.4597", "1394.4292"},
                     // 17,688.65 + 417,715.52 x 0.25 % and 64,531.29 + 417,715.52 x 1 %.
-                    OutOfCourtCase{"OnorariStrag94Euro", 12, "3000000.02", 0, "18732.9388", "18732.9388",
-                                   "68708.4452"},
+                    OutOfCourtCase{"OnorariStrag94Euro", 12, "3000000.02", 0, "18732.9388", "18732.9388", "68708.4452"},
                     OutOfCourtCase{"OnorariStrag94Euro", 11, "5000", 100, "150", "75", "150"},
                     OutOfCourtCase{"OnorariStrag94Euro", 1, "100", 0, "10.33", "10.33", "74.89"},
                     OutOfCourtCase{"OnorariStrag94Euro", 1, "100", 50, "42.61", "10.33", "74.89"},
@@ -165,7 +162,7 @@ struct NothingCase {
     }
 };
 
-class OutOfCourtNothingTest : public testing::TestWithParam<NothingCase> {};
+class OutOfCourtNothingTest : public testing::TestWithParam<NothingCase> { };
 
 // Where the official table gives no figure nothing is proposed, nothing is
 // written, and the message has neither kind nor code.

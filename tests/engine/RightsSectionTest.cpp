@@ -45,9 +45,9 @@ struct RightsCase {
 
 std::vector<RightsCase> bracketCases()
 {
-    const std::pair<const char*, const test::Bounds*> tables[] = {
-        {"Diritti94", &test::RightsLire94}, {"Diritti94Euro", &test::RightsEuro94},
-        {"Diritti2004Euro", &test::RightsEuro2004}};
+    const std::pair<const char*, const test::Bounds*> tables[] = {{"Diritti94", &test::RightsLire94},
+                                                                  {"Diritti94Euro", &test::RightsEuro94},
+                                                                  {"Diritti2004Euro", &test::RightsEuro2004}};
     std::vector<RightsCase> cases;
     for (const auto& [name, bounds] : tables) {
         cases.push_back({name, "0", 1});
@@ -63,7 +63,7 @@ std::vector<RightsCase> bracketCases()
     return cases;
 }
 
-class RightsBracketRowTest : public test::FeeDatabaseTestWithParam<RightsCase> {};
+class RightsBracketRowTest : public test::FeeDatabaseTestWithParam<RightsCase> { };
 
 TEST_P(RightsBracketRowTest, ProposesTheAmountOfTheBracketAsStored)
 {
@@ -260,11 +260,21 @@ TEST_F(RightsRowTest, Diritti2004IndeterminateMovesToTheNearestBracketAmount)
 TEST_F(RightsRowTest, Diritti2004IndeterminateWithoutAnyBracketAmountProposesNothing)
 {
     FeeRowFixture::insertRow("Diritti2004Euro", 13, "N13",
-                             {{"VALOREINDETMIN", "110"},    {"VALOREINDETMAX", "310"},   {"VALORESCA1", "NULL"},
-                              {"VALORESCA2", "NULL"},       {"VALORESCA3", "NULL"},      {"VALORESCA4", "NULL"},
-                              {"VALORESCA5", "NULL"},       {"VALORESCA6", "NULL"},      {"VALORESCA7", "NULL"},
-                              {"VALORESCA8", "NULL"},       {"VALORESCA9", "NULL"},      {"VALORESCA10", "NULL"},
-                              {"VALORESCA11", "NULL"},      {"VALORESCA12", "NULL"},     {"VALORESCA13", "NULL"}});
+                             {{"VALOREINDETMIN", "110"},
+                              {"VALOREINDETMAX", "310"},
+                              {"VALORESCA1", "NULL"},
+                              {"VALORESCA2", "NULL"},
+                              {"VALORESCA3", "NULL"},
+                              {"VALORESCA4", "NULL"},
+                              {"VALORESCA5", "NULL"},
+                              {"VALORESCA6", "NULL"},
+                              {"VALORESCA7", "NULL"},
+                              {"VALORESCA8", "NULL"},
+                              {"VALORESCA9", "NULL"},
+                              {"VALORESCA10", "NULL"},
+                              {"VALORESCA11", "NULL"},
+                              {"VALORESCA12", "NULL"},
+                              {"VALORESCA13", "NULL"}});
     ScopedMessageRecorder messages;
     EngineCall c = valueCall("Diritti2004Euro", 13, "1", -1, 50);
     EXPECT_EQ(c.run(), Currency{});

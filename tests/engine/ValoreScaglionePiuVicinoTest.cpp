@@ -41,11 +41,9 @@ TEST_F(ValoreScaglionePiuVicinoTest, ATieKeepsTheLowerColumn)
 TEST_F(ValoreScaglionePiuVicinoTest, TheNearestWins)
 {
     FeeRowFixture::insertRow("Diritti2004Euro", 1, "1", twoColumns("100", "200"));
-    EXPECT_EQ(ValoreScaglionePiuVicino(amount("150.0001"), 1, "Diritti2004Euro").toCurrency().toFixed4(),
-              "200.0000");
+    EXPECT_EQ(ValoreScaglionePiuVicino(amount("150.0001"), 1, "Diritti2004Euro").toCurrency().toFixed4(), "200.0000");
     EXPECT_EQ(ValoreScaglionePiuVicino(amount("-1000"), 1, "Diritti2004Euro").toCurrency().toFixed4(), "100.0000");
-    EXPECT_EQ(ValoreScaglionePiuVicino(amount("1000000"), 1, "Diritti2004Euro").toCurrency().toFixed4(),
-              "200.0000");
+    EXPECT_EQ(ValoreScaglionePiuVicino(amount("1000000"), 1, "Diritti2004Euro").toCurrency().toFixed4(), "200.0000");
 }
 
 TEST_F(ValoreScaglionePiuVicinoTest, TheAnswerIsTheColumnAsStored)

@@ -14,7 +14,7 @@ std::string server(const std::string& statement) { return PostgresqlDialect::ins
 
 TEST(PostgresqlDialect, Name) { EXPECT_EQ(PostgresqlDialect::instance().name(), "postgresql"); }
 
-class UnchangedOnTheServer : public testing::TestWithParam<std::string> {};
+class UnchangedOnTheServer : public testing::TestWithParam<std::string> { };
 
 TEST_P(UnchangedOnTheServer, RunsAsWritten) { EXPECT_EQ(server(GetParam()), GetParam()); }
 
@@ -33,10 +33,10 @@ INSTANTIATE_TEST_SUITE_P(
                     "SELECT Count(MultiIntesta.ID_Multi) AS ConteggioDiID_Multi FROM MultiIntesta WHERE "
                     "(MultiIntesta.IsCliente='False') And (MultiIntesta.ID_Pra = 5)",
                     "SELECT * FROM Azioni WHERE Codice = 'CONVERT (SMALLDATETIME,''02/06/2004'', 105)'",
-                    "SELECT * FROM Azioni WHERE IsTariffa = true",
-                    "SELECT * FROM Azioni WHERE IsTariffa = false"));
+                    "SELECT * FROM Azioni WHERE IsTariffa = true", "SELECT * FROM Azioni WHERE IsTariffa = false"));
 
-TEST(PostgresqlDialect, DateFormBecomesADateLiteral) {
+TEST(PostgresqlDialect, DateFormBecomesADateLiteral)
+{
     EXPECT_EQ(server("SELECT NOrdine,Data FROM Azioni WHERE IdPra = 5 AND IsTariffa = 'TRUE'  AND Data <= "
                      "CONVERT (SMALLDATETIME,'02/06/2004', 105)  ORDER BY Data DESC,NOrdine DESC"),
               "SELECT NOrdine,Data FROM Azioni WHERE IdPra = 5 AND IsTariffa = 'TRUE'  AND Data <= "
@@ -49,7 +49,8 @@ TEST(PostgresqlDialect, DateFormBecomesADateLiteral) {
               "SELECT 1 WHERE d = DATE '9999-12-31'");
 }
 
-TEST(PostgresqlDialect, DateFormWithANonDateIsRefused) {
+TEST(PostgresqlDialect, DateFormWithANonDateIsRefused)
+{
     for (const char* text : {"31/02/2004", "29/02/2003", "", "abc", "00/01/2004"}) {
         const std::string statement = std::string("SELECT 1 WHERE d <= CONVERT (SMALLDATETIME,'") + text + "', 105) ";
         try {
@@ -61,7 +62,8 @@ TEST(PostgresqlDialect, DateFormWithANonDateIsRefused) {
     }
 }
 
-TEST(PostgresqlDialect, BareFlagsStayKeywords) {
+TEST(PostgresqlDialect, BareFlagsStayKeywords)
+{
     EXPECT_EQ(server("SELECT * FROM ParcellaBase WHERE IsPenale= true ORDER BY CodiceParcella"),
               "SELECT * FROM ParcellaBase WHERE IsPenale= true ORDER BY CodiceParcella");
     EXPECT_EQ(server("SELECT * FROM Azioni WHERE bFattura=FALSE OR IsTariffa = True"),
@@ -69,7 +71,8 @@ TEST(PostgresqlDialect, BareFlagsStayKeywords) {
     EXPECT_EQ(server("SELECT t.true, true(x) FROM t"), "SELECT t.true, true(x) FROM t");
 }
 
-TEST(PostgresqlDialect, ClosingSemicolonIsDroppedAndOnlyOneStatementRuns) {
+TEST(PostgresqlDialect, ClosingSemicolonIsDroppedAndOnlyOneStatementRuns)
+{
     EXPECT_EQ(server("SELECT Fatture.ResiduoASaldo From Fatture WHERE (((Fatture.ID_Fattura)=3));"),
               "SELECT Fatture.ResiduoASaldo From Fatture WHERE (((Fatture.ID_Fattura)=3))");
     EXPECT_THROW((void)server("SELECT 1; DELETE FROM Azioni"), DataError);
@@ -77,7 +80,8 @@ TEST(PostgresqlDialect, ClosingSemicolonIsDroppedAndOnlyOneStatementRuns) {
                  DataError);
 }
 
-TEST(PostgresqlDialect, BareTableName) {
+TEST(PostgresqlDialect, BareTableName)
+{
     EXPECT_EQ(server("Versioni"), "SELECT * FROM Versioni");
     EXPECT_EQ(server(" Azioni "), "SELECT * FROM Azioni");
 }

@@ -26,7 +26,8 @@ struct Outcome {
     std::string err;
 };
 
-std::string quoted(const std::string& word) {
+std::string quoted(const std::string& word)
+{
     std::string q = "'";
     for (const char c : word) {
         q += c == '\'' ? std::string("'\\''") : std::string(1, c);
@@ -36,7 +37,8 @@ std::string quoted(const std::string& word) {
 
 class ServerCommand : public testing::Test {
 protected:
-    Outcome avlor(const std::vector<std::string>& words) const {
+    Outcome avlor(const std::vector<std::string>& words) const
+    {
         std::string command = "AVLOR_TARIFFE_DIR=" + quoted(AVLOR_TARIFFE) + " AVLOR_DB= " + quoted(AVLOR_COMMAND);
         for (const std::string& word : words) {
             command += " " + quoted(word);
@@ -65,18 +67,21 @@ protected:
     TestDatabase scratch; // its folder holds the files of the commands
 };
 
-TEST_F(ServerCommand, InitMakesThePracticeDatabaseAndTheCommandsReadIt) {
+TEST_F(ServerCommand, InitMakesThePracticeDatabaseAndTheCommandsReadIt)
+{
     const EmptyServerDatabase server("init");
     const Outcome init = avlor({"db", "init", server.location(), "--demo"});
     ASSERT_EQ(init.status, 0) << init.err;
-    EXPECT_EQ(init.out, "Created the practice database " + server.location() +
-                            " with 56 official fee items in 6 tables and the sample firm.\n");
+    EXPECT_EQ(init.out,
+              "Created the practice database " + server.location() +
+                  " with 56 official fee items in 6 tables and the sample firm.\n");
     EXPECT_EQ(avlor({"--db", server.location(), "db", "versione"}).out, "1\n");
     const Outcome priced = avlor({"--db", server.location(), "tariffa", "--tabella", "Diritti94", "--id", "132",
                                   "--valore", "1000000", "--rilevanza", "37", "--json"});
     EXPECT_EQ(priced.status, 0) << priced.err;
-    EXPECT_EQ(priced.out, "{\"importo\":\"30000.0000\",\"MinTar\":\"15000.0000\",\"MaxTar\":\"50000.0000\","
-                          "\"MinS\":\"0.0000\",\"MaxS\":\"0.0000\",\"messaggio\":null}\n");
+    EXPECT_EQ(priced.out,
+              "{\"importo\":\"30000.0000\",\"MinTar\":\"15000.0000\",\"MaxTar\":\"50000.0000\","
+              "\"MinS\":\"0.0000\",\"MaxS\":\"0.0000\",\"messaggio\":null}\n");
 
     // The same database made in a SQLite file gives the same exports, byte
     // for byte: headers in the schema's spelling, amounts with four decimals.
@@ -93,12 +98,14 @@ TEST_F(ServerCommand, InitMakesThePracticeDatabaseAndTheCommandsReadIt) {
               avlor({"--db", file, "utenti", "filtro-pratiche", "3"}).out);
 }
 
-TEST_F(ServerCommand, InitRefusesADatabaseThatHoldsTablesAndWritesNothing) {
+TEST_F(ServerCommand, InitRefusesADatabaseThatHoldsTablesAndWritesNothing)
+{
     const EmptyServerDatabase server("doppio");
     ASSERT_EQ(avlor({"db", "init", server.location()}).status, 0);
     RawSession session(server.location());
-    const std::string before = session.text("SELECT (SELECT count(*) FROM Diritti94) || '/' || "
-                                            "(SELECT count(*) FROM FonteTariffe) || '/' || (SELECT count(*) FROM Utenti)");
+    const std::string before =
+        session.text("SELECT (SELECT count(*) FROM Diritti94) || '/' || "
+                     "(SELECT count(*) FROM FonteTariffe) || '/' || (SELECT count(*) FROM Utenti)");
     const Outcome again = avlor({"db", "init", server.location(), "--demo"});
     EXPECT_NE(again.status, 0);
     EXPECT_NE(again.err.find("The database already holds tables; it is left untouched"), std::string::npos)
@@ -109,9 +116,9 @@ TEST_F(ServerCommand, InitRefusesADatabaseThatHoldsTablesAndWritesNothing) {
     EXPECT_EQ(before.substr(before.rfind('/')), "/0");
 }
 
-TEST_F(ServerCommand, InitOnADatabaseWithoutRightsOrServerSaysWhy) {
-    const Outcome refused =
-        avlor({"db", "init", withPort(TestDatabase::serverUri(), freePort())});
+TEST_F(ServerCommand, InitOnADatabaseWithoutRightsOrServerSaysWhy)
+{
+    const Outcome refused = avlor({"db", "init", withPort(TestDatabase::serverUri(), freePort())});
     EXPECT_NE(refused.status, 0);
     EXPECT_NE(refused.err.find("Connection refused"), std::string::npos) << refused.err;
 }

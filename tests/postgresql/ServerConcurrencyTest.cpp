@@ -27,7 +27,8 @@ constexpr int Rounds = 60;
 // of its actions still there, by id.
 using Actions = std::map<std::int32_t, std::pair<std::string, Currency>>;
 
-std::int32_t addAction(int station, int round) {
+std::int32_t addAction(int station, int round)
+{
     clsAccessoDati data;
     data.Apri("Azioni", 1, 3, -1);
     data.Recordset().AddNew();
@@ -42,7 +43,8 @@ std::int32_t addAction(int station, int round) {
 }
 
 // Changes an action as the dialog does: the whole row opened by its id.
-void changeAction(std::int32_t id, const std::string& descr, Currency fee) {
+void changeAction(std::int32_t id, const std::string& descr, Currency fee)
+{
     clsAccessoDati data;
     data.Apri("SELECT * FROM Azioni WHERE IdAzione = " + std::to_string(id), 1, 3, -1);
     data.ImpostaCampo("Descr", Value(descr));
@@ -50,7 +52,8 @@ void changeAction(std::int32_t id, const std::string& descr, Currency fee) {
     data.Recordset().Update();
 }
 
-void deleteAction(std::int32_t id) {
+void deleteAction(std::int32_t id)
+{
     clsAccessoDati data;
     data.Apri("SELECT * FROM Azioni WHERE IdAzione = " + std::to_string(id), 1, 3, -1);
     data.Recordset().Delete();
@@ -59,7 +62,8 @@ void deleteAction(std::int32_t id) {
 // Renumbers this station's tariff actions from 1, as after a delete: every
 // row of the list is written back by its key while the other station
 // writes its own rows of the same case file.
-void renumber(int station) {
+void renumber(int station)
+{
     clsAccessoDati data;
     data.Apri("SELECT NOrdine FROM Azioni WHERE IdPra = " + std::to_string(CaseFile) +
                   " AND IsTariffa = 'TRUE' AND Descr LIKE 'postazione " + std::to_string(station) +
@@ -73,7 +77,8 @@ void renumber(int station) {
 }
 
 // One workstation's work; what it left is written to `report`.
-Actions work(int station) {
+Actions work(int station)
+{
     Actions mine;
     std::vector<std::int32_t> alive;
     for (int round = 1; round <= Rounds; ++round) {
@@ -104,14 +109,16 @@ Actions work(int station) {
     return mine;
 }
 
-void writeReport(const std::string& file, const Actions& actions) {
+void writeReport(const std::string& file, const Actions& actions)
+{
     std::ofstream out(file);
     for (const auto& [id, action] : actions) {
         out << id << '\t' << action.second.toFixed4() << '\t' << action.first << '\n';
     }
 }
 
-Actions readReport(const std::string& file) {
+Actions readReport(const std::string& file)
+{
     Actions actions;
     std::ifstream in(file);
     std::string line;
@@ -128,13 +135,15 @@ Actions readReport(const std::string& file) {
     return actions;
 }
 
-int waitFor(pid_t child) {
+int waitFor(pid_t child)
+{
     int status = 0;
     waitpid(child, &status, 0);
     return status;
 }
 
-TEST(ServerConcurrency, TwoWorkstationsOnTheSameCaseFile) {
+TEST(ServerConcurrency, TwoWorkstationsOnTheSameCaseFile)
+{
     TestDatabase db;
     closeConnections(); // no session crosses the fork
     int start[2];
@@ -200,7 +209,8 @@ TEST(ServerConcurrency, TwoWorkstationsOnTheSameCaseFile) {
 
 // The writer kills itself right after its 25th row: every row it wrote is
 // there and whole, without any orderly close, and the server goes on.
-TEST(ServerConcurrency, WriterKilledAfterItsWrites) {
+TEST(ServerConcurrency, WriterKilledAfterItsWrites)
+{
     TestDatabase db;
     closeConnections();
     const pid_t child = fork();

@@ -19,7 +19,7 @@ bool contains(const std::string& text, const std::string& part) { return text.fi
 // Puts back the database the host had set.
 class ScopedHostDatabase {
 public:
-    ScopedHostDatabase() : previous_(databaseSetByHost()) {}
+    ScopedHostDatabase() : previous_(databaseSetByHost()) { }
     ~ScopedHostDatabase() { setCurrentDatabase(previous_); }
     ScopedHostDatabase(const ScopedHostDatabase&) = delete;
     ScopedHostDatabase& operator=(const ScopedHostDatabase&) = delete;
@@ -29,7 +29,8 @@ private:
 };
 
 // The error of the first operation on `location`; FAIL when there is none.
-DataError firstError(const std::string& location) {
+DataError firstError(const std::string& location)
+{
     try {
         (void)connectionFor(location);
     } catch (const DataError& error) {
@@ -39,7 +40,8 @@ DataError firstError(const std::string& location) {
     return DataError("none");
 }
 
-TEST(ServerConnection, RefusedConnectionSaysSo) {
+TEST(ServerConnection, RefusedConnectionSaysSo)
+{
     const std::string location = withPort(TestDatabase::serverUri(), freePort());
     const DataError error = firstError(location);
     EXPECT_EQ(error.driverCode(), "08001");
@@ -53,7 +55,8 @@ TEST(ServerConnection, RefusedConnectionSaysSo) {
     EXPECT_EQ(clsDataBase().VersioneMdb().toLong(), -1);
 }
 
-TEST(ServerConnection, WrongPasswordSaysSoWithoutShowingIt) {
+TEST(ServerConnection, WrongPasswordSaysSoWithoutShowingIt)
+{
     TestDatabase db;
     const std::string location = withUserInfo(db.location(), "avlor_test:sbagliata");
     const DataError error = firstError(location);
@@ -71,13 +74,15 @@ TEST(ServerConnection, WrongPasswordSaysSoWithoutShowingIt) {
     EXPECT_EQ(db.value("SELECT Count(*) FROM Azioni").asLong(), 0);
 }
 
-TEST(ServerConnection, MissingDatabaseSaysSo) {
+TEST(ServerConnection, MissingDatabaseSaysSo)
+{
     const std::string location = TestDatabase::withDatabase(TestDatabase::serverUri(), "avlor_nessuno");
     const DataError error = firstError(location);
     EXPECT_TRUE(contains(error.what(), "database \"avlor_nessuno\" does not exist")) << error.what();
 }
 
-TEST(ServerConnection, DatabaseWithoutTheSchemaSaysSo) {
+TEST(ServerConnection, DatabaseWithoutTheSchemaSaysSo)
+{
     const EmptyServerDatabase empty("schema");
     const ScopedHostDatabase restore;
     setCurrentDatabase(empty.location());
@@ -97,7 +102,8 @@ TEST(ServerConnection, DatabaseWithoutTheSchemaSaysSo) {
     EXPECT_TRUE(connectionFor(empty.location())->tableNames().empty());
 }
 
-TEST(ServerConnection, PracticeDatabaseIsMadeInAnEmptyDatabase) {
+TEST(ServerConnection, PracticeDatabaseIsMadeInAnEmptyDatabase)
+{
     const EmptyServerDatabase empty("nuovo");
     createPracticeDatabase(empty.location());
     const auto connection = connectionFor(empty.location());
@@ -114,7 +120,8 @@ TEST(ServerConnection, PracticeDatabaseIsMadeInAnEmptyDatabase) {
 }
 
 // A database that holds anything else is refused, and nothing is written.
-TEST(ServerConnection, DatabaseWithOtherTablesIsLeftUntouched) {
+TEST(ServerConnection, DatabaseWithOtherTablesIsLeftUntouched)
+{
     const EmptyServerDatabase other("altro");
     RawSession session(other.location());
     session.exec("CREATE SCHEMA contabilita");
@@ -132,7 +139,8 @@ TEST(ServerConnection, DatabaseWithOtherTablesIsLeftUntouched) {
 
 // The server ends the session (as when it restarts): the operation under
 // way fails with the record-access error, the next one opens a new session.
-TEST(ServerConnection, LostSessionIsReplacedByTheNextOperation) {
+TEST(ServerConnection, LostSessionIsReplacedByTheNextOperation)
+{
     TestDatabase db;
     db.insertRow("Azioni", {{"IdPra", Value(5)}, {"Descr", Value("prima")}});
     const auto connection = db.connection();
@@ -156,7 +164,8 @@ TEST(ServerConnection, LostSessionIsReplacedByTheNextOperation) {
 
 // Lost between reading a row and writing it back: that Update fails, the
 // next Update writes the row once.
-TEST(ServerConnection, WriteAfterALostSession) {
+TEST(ServerConnection, WriteAfterALostSession)
+{
     TestDatabase db;
     const Value id = db.insertRow("Azioni", {{"IdPra", Value(5)}, {"Descr", Value("prima")}});
     clsAccessoDati data;
@@ -176,7 +185,8 @@ TEST(ServerConnection, WriteAfterALostSession) {
 
 // Lost inside a transaction: nothing of it stays, every operation until the
 // rollback fails, and the connection works again afterwards.
-TEST(ServerConnection, LostSessionLosesTheTransaction) {
+TEST(ServerConnection, LostSessionLosesTheTransaction)
+{
     TestDatabase db;
     const auto connection = db.connection();
     {
@@ -197,12 +207,13 @@ TEST(ServerConnection, LostSessionLosesTheTransaction) {
 
 // A statement that is no query never reaches the session as a command.
 // (A lone word, "BEGIN", is a table name: it opens that table, if any.)
-TEST(ServerConnection, SessionCommandsAreNotQueries) {
+TEST(ServerConnection, SessionCommandsAreNotQueries)
+{
     TestDatabase db;
-    for (const char* statement : {"SET DateStyle = 'MDY'", "BEGIN TRANSACTION", "COMMIT TRANSACTION",
-                                  "ROLLBACK TRANSACTION", "DELETE FROM Azioni",
-                                  "WITH d AS (DELETE FROM Azioni RETURNING *) SELECT * FROM d",
-                                  "SELECT * INTO Copia FROM Azioni", "DROP TABLE Azioni", "SHOW DateStyle"}) {
+    for (const char* statement :
+         {"SET DateStyle = 'MDY'", "BEGIN TRANSACTION", "COMMIT TRANSACTION", "ROLLBACK TRANSACTION",
+          "DELETE FROM Azioni", "WITH d AS (DELETE FROM Azioni RETURNING *) SELECT * FROM d",
+          "SELECT * INTO Copia FROM Azioni", "DROP TABLE Azioni", "SHOW DateStyle"}) {
         try {
             clsAccessoDati().Apri(statement, 0, 1, -1);
             ADD_FAILURE() << statement;
@@ -225,11 +236,12 @@ TEST(ServerConnection, SessionCommandsAreNotQueries) {
 
 // A script is one unit of its own: a transaction command inside it is
 // refused before any of it runs.
-TEST(ServerConnection, ScriptsCannotBeginOrEndTransactions) {
+TEST(ServerConnection, ScriptsCannotBeginOrEndTransactions)
+{
     TestDatabase db;
-    for (const char* script : {"INSERT INTO Azioni (IdPra) VALUES (5); COMMIT", "BEGIN; DELETE FROM Azioni",
-                               "START TRANSACTION", "INSERT INTO Azioni (IdPra) VALUES (5); ROLLBACK; SELECT 1",
-                               "SAVEPOINT x", "PREPARE TRANSACTION 'x'"}) {
+    for (const char* script :
+         {"INSERT INTO Azioni (IdPra) VALUES (5); COMMIT", "BEGIN; DELETE FROM Azioni", "START TRANSACTION",
+          "INSERT INTO Azioni (IdPra) VALUES (5); ROLLBACK; SELECT 1", "SAVEPOINT x", "PREPARE TRANSACTION 'x'"}) {
         EXPECT_THROW(db.exec(script), DataError) << script;
     }
     EXPECT_EQ(db.value("SELECT Count(*) FROM Azioni").asLong(), 0);

@@ -21,7 +21,8 @@ namespace {
 
 class ServerHardening : public testing::Test {
 protected:
-    void SetUp() override {
+    void SetUp() override
+    {
         // A client row of case file 1: the statement's condition is then
         // evaluated, with whatever the id carries.
         connection->executeScript("INSERT INTO MultiIntesta (ID_Pra, IsCliente) VALUES (1, TRUE)");
@@ -32,18 +33,21 @@ protected:
 
     // The statement of clsPratica.QuantiClientiPerPratica with `id` as a
     // caller hands it over.
-    static std::string clientCount(const std::string& id) {
+    static std::string clientCount(const std::string& id)
+    {
         return "SELECT Count(MultiIntesta.ID_Multi) AS ConteggioDiID_Multi FROM MultiIntesta WHERE "
                "(MultiIntesta.ID_Pra = " +
-               id + ") AND (MultiIntesta.IsCliente='True')";
+            id + ") AND (MultiIntesta.IsCliente='True')";
     }
 
-    std::string setting(const std::string& name) {
+    std::string setting(const std::string& name)
+    {
         return connection->singleValue("SELECT pg_catalog.current_setting('" + name + "')").asText();
     }
 };
 
-TEST_F(ServerHardening, AnIdThatWritesIsRefusedAndLeavesNothing) {
+TEST_F(ServerHardening, AnIdThatWritesIsRefusedAndLeavesNothing)
+{
     RawSession other(db.location());
     const std::string before = other.text("SELECT count(*) FROM pg_catalog.pg_largeobject_metadata");
     // The server lets a read-only transaction make large objects; the read's
@@ -64,11 +68,13 @@ TEST_F(ServerHardening, AnIdThatWritesIsRefusedAndLeavesNothing) {
     EXPECT_EQ(other.text("SELECT last_value || '/' || is_called FROM azioni_idazione_seq"), "1/false");
 }
 
-TEST_F(ServerHardening, WhatAReadDidToTheSessionIsUndoneBeforeTheNextCaller) {
+TEST_F(ServerHardening, WhatAReadDidToTheSessionIsUndoneBeforeTheNextCaller)
+{
     // Each of these succeeds as a read, and each used to change the session
     // for every later caller of the pooled connection.
-    EXPECT_EQ(connection->singleValue(clientCount("1 AND set_config('default_transaction_read_only','off',false) "
-                                                  "IS NOT NULL"))
+    EXPECT_EQ(connection
+                  ->singleValue(clientCount("1 AND set_config('default_transaction_read_only','off',false) "
+                                            "IS NOT NULL"))
                   .asLong(),
               1);
     EXPECT_EQ(setting("default_transaction_read_only"), "on");
@@ -91,22 +97,25 @@ TEST_F(ServerHardening, WhatAReadDidToTheSessionIsUndoneBeforeTheNextCaller) {
     EXPECT_EQ(setting("transaction_read_only"), "on");
 }
 
-TEST_F(ServerHardening, AStatementPastTheTimeLimitIsStoppedWithAClearError) {
+TEST_F(ServerHardening, AStatementPastTheTimeLimitIsStoppedWithAClearError)
+{
     connection->setStatementTimeLimit(std::chrono::milliseconds(300));
     const auto started = std::chrono::steady_clock::now();
     try {
         (void)connection->singleValue(clientCount("1 AND pg_sleep(30) IS NOT NULL"));
         ADD_FAILURE() << "the sleep ran to its end";
     } catch (const DataError& e) {
-        EXPECT_EQ(std::string(e.what()), "The statement ran longer than the time limit of 300 ms and was stopped [" +
-                                             clientCount("1 AND pg_sleep(30) IS NOT NULL") + "]");
+        EXPECT_EQ(std::string(e.what()),
+                  "The statement ran longer than the time limit of 300 ms and was stopped [" +
+                      clientCount("1 AND pg_sleep(30) IS NOT NULL") + "]");
     }
     EXPECT_LT(std::chrono::steady_clock::now() - started, std::chrono::seconds(10));
     // The session goes on.
     EXPECT_EQ(connection->singleValue("SELECT Versione FROM Versioni").asLong(), 1);
 }
 
-TEST_F(ServerHardening, AWriterWaitsForAnotherWorkstationsWrite) {
+TEST_F(ServerHardening, AWriterWaitsForAnotherWorkstationsWrite)
+{
     RawSession other(db.location());
     other.exec("BEGIN");
     other.exec("LOCK TABLE Azioni IN EXCLUSIVE MODE");
@@ -142,7 +151,8 @@ TEST_F(ServerHardening, AWriterWaitsForAnotherWorkstationsWrite) {
 
 // Malformed locations of every kind: whatever libpq quotes, no form of the
 // password reaches a message.
-TEST(ServerPasswords, NoMessageCarriesAPasswordHoweverTheUriIsMalformed) {
+TEST(ServerPasswords, NoMessageCarriesAPasswordHoweverTheUriIsMalformed)
+{
     const std::string host = "127.0.0.1:" + std::to_string(freePort());
     struct Case {
         std::string uri;
@@ -176,7 +186,8 @@ TEST(ServerPasswords, NoMessageCarriesAPasswordHoweverTheUriIsMalformed) {
     }
 }
 
-TEST(ServerRoles, InitGrantsAWorkstationRoleWhatItNeedsAndNothingMore) {
+TEST(ServerRoles, InitGrantsAWorkstationRoleWhatItNeedsAndNothingMore)
+{
     const std::string role = "avlor_postazioni_" + std::to_string(getpid());
     serverAdmin()->executeScript("DROP ROLE IF EXISTS " + role);
     serverAdmin()->executeScript("CREATE ROLE " + role + " NOLOGIN");
@@ -198,7 +209,8 @@ TEST(ServerRoles, InitGrantsAWorkstationRoleWhatItNeedsAndNothingMore) {
         EXPECT_EQ(has("has_schema_privilege('" + role + "', current_schema(), 'CREATE')"), "f");
         EXPECT_EQ(has("pg_has_role('" + role + "', 'pg_signal_backend', 'USAGE')"), "f");
         EXPECT_EQ(has("count(*) FROM pg_catalog.pg_class c JOIN pg_catalog.pg_roles r ON r.oid = c.relowner WHERE "
-                      "r.rolname = '" + role + "'"),
+                      "r.rolname = '" +
+                      role + "'"),
                   "0");
         closeConnections(server.location());
     }
@@ -210,7 +222,8 @@ TEST(ServerRoles, InitGrantsAWorkstationRoleWhatItNeedsAndNothingMore) {
     EXPECT_THROW(made.grantWorkstationRole("x\"; DROP TABLE azioni; --"), DataError);
 }
 
-TEST(ServerInit, AFailedInitLeavesTheServerDatabaseEmpty) {
+TEST(ServerInit, AFailedInitLeavesTheServerDatabaseEmpty)
+{
     const EmptyServerDatabase server("fallita");
     {
         NewPracticeDatabase made(server.location());

@@ -24,15 +24,18 @@ inline std::shared_ptr<Connection> serverAdmin() { return connectionFor(TestData
 // the object.
 class EmptyServerDatabase {
 public:
-    explicit EmptyServerDatabase(const std::string& purpose) {
+    explicit EmptyServerDatabase(const std::string& purpose)
+    {
         static int made = 0;
         name_ = "avlor_empty_" + purpose + "_" + std::to_string(getpid()) + "_" + std::to_string(++made);
         serverAdmin()->executeScript("DROP DATABASE IF EXISTS " + name_ + " WITH (FORCE)");
-        serverAdmin()->executeScript("CREATE DATABASE " + name_ + " TEMPLATE template0 ENCODING 'UTF8' LC_COLLATE 'C' "
+        serverAdmin()->executeScript("CREATE DATABASE " + name_ +
+                                     " TEMPLATE template0 ENCODING 'UTF8' LC_COLLATE 'C' "
                                      "LC_CTYPE 'C'");
         location_ = TestDatabase::withDatabase(TestDatabase::serverUri(), name_);
     }
-    ~EmptyServerDatabase() {
+    ~EmptyServerDatabase()
+    {
         closeConnections(location_);
         try {
             serverAdmin()->executeScript("DROP DATABASE IF EXISTS " + name_ + " WITH (FORCE)");
@@ -53,7 +56,8 @@ private:
 
 // A TCP port on 127.0.0.1 where nothing listens (taken from the system and
 // released again).
-inline int freePort() {
+inline int freePort()
+{
     const int probe = socket(AF_INET, SOCK_STREAM, 0);
     sockaddr_in address{};
     address.sin_family = AF_INET;
@@ -69,7 +73,8 @@ inline int freePort() {
 }
 
 // `uri` with the user part replaced by `userInfo` ("avlor_test:wrong").
-inline std::string withUserInfo(const std::string& uri, const std::string& userInfo) {
+inline std::string withUserInfo(const std::string& uri, const std::string& userInfo)
+{
     const std::size_t start = uri.find("://") + 3;
     const std::size_t at = uri.find('@', start);
     const std::size_t host = at == std::string::npos ? start : at + 1;
@@ -77,19 +82,21 @@ inline std::string withUserInfo(const std::string& uri, const std::string& userI
 }
 
 // `uri` with its host and port replaced by 127.0.0.1:`port`.
-inline std::string withPort(const std::string& uri, int port) {
+inline std::string withPort(const std::string& uri, int port)
+{
     const std::size_t start = uri.find("://") + 3;
     const std::size_t at = uri.find('@', start);
     const std::size_t host = at == std::string::npos ? start : at + 1;
     const std::size_t path = uri.find_first_of("/?", host);
     return uri.substr(0, host) + "127.0.0.1:" + std::to_string(port) +
-           (path == std::string::npos ? "" : uri.substr(path));
+        (path == std::string::npos ? "" : uri.substr(path));
 }
 
 // A session of another program on `location`, through libpq alone.
 class RawSession {
 public:
-    explicit RawSession(const std::string& location) : session_(PQconnectdb(location.c_str())) {
+    explicit RawSession(const std::string& location) : session_(PQconnectdb(location.c_str()))
+    {
         if (PQstatus(session_) != CONNECTION_OK) {
             const std::string message = PQerrorMessage(session_);
             PQfinish(session_);
@@ -102,7 +109,8 @@ public:
 
     // The first column of the first row as text ("" for none or null);
     // throws on a failing statement.
-    std::string text(const std::string& sql) const {
+    std::string text(const std::string& sql) const
+    {
         PGresult* result = PQexec(session_, sql.c_str());
         const ExecStatusType status = PQresultStatus(result);
         std::string value;

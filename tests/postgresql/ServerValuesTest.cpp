@@ -18,7 +18,8 @@ namespace {
 class ServerValues : public testing::Test {
 protected:
     // Writes the amount through an editable record set and reads it back.
-    Currency roundTrip(Currency amount) {
+    Currency roundTrip(Currency amount)
+    {
         const Value id = db.insertRow("Fatture", {{"ResiduoASaldo", Value(amount)}});
         clsAccessoDati data;
         data.Apri("SELECT ResiduoASaldo FROM Fatture WHERE ID_Fattura = " + std::to_string(id.asLong()), 0, 1, -1);
@@ -30,7 +31,8 @@ protected:
     TestDatabase db;
 };
 
-TEST_F(ServerValues, AmountsAreExactAtEveryScale) {
+TEST_F(ServerValues, AmountsAreExactAtEveryScale)
+{
     for (const char* text : {"0", "0.0001", "-0.0001", "12.5", "1936.27", "123.4567", "-50.25", "99999999999.9999",
                              "922337203685477.5807", "-922337203685477.5808"}) {
         EXPECT_EQ(roundTrip(Currency::fromText(text)), Currency::fromText(text)) << text;
@@ -42,19 +44,23 @@ TEST_F(ServerValues, AmountsAreExactAtEveryScale) {
               "922337203685477.5807");
 }
 
-TEST_F(ServerValues, AmountsWrittenAsTextOrNumbersAreConvertedExactly) {
-    const Value id = db.insertRow("Azioni", {{"IdPra", Value(5)},
-                                             {"Onorari", Value("1234.5678")},
-                                             {"Diritti", Value(7)},
-                                             {"Esenti", Value(0.1)},
-                                             {"Imponibili", Value(Currency::fromText("0.00005"))}});
+TEST_F(ServerValues, AmountsWrittenAsTextOrNumbersAreConvertedExactly)
+{
+    const Value id = db.insertRow("Azioni",
+                                  {{"IdPra", Value(5)},
+                                   {"Onorari", Value("1234.5678")},
+                                   {"Diritti", Value(7)},
+                                   {"Esenti", Value(0.1)},
+                                   {"Imponibili", Value(Currency::fromText("0.00005"))}});
     RawSession other(db.location());
     EXPECT_EQ(other.text("SELECT Onorari || ' ' || Diritti || ' ' || Esenti || ' ' || Imponibili FROM Azioni "
-                         "WHERE IdAzione = " + std::to_string(id.asLong())),
+                         "WHERE IdAzione = " +
+                         std::to_string(id.asLong())),
               "1234.5678 7.0000 0.1000 0.0000");
 }
 
-TEST_F(ServerValues, AnAmountBeyondCurrencyIsAnErrorNamingTheColumn) {
+TEST_F(ServerValues, AnAmountBeyondCurrencyIsAnErrorNamingTheColumn)
+{
     RawSession other(db.location());
     other.exec("INSERT INTO Fatture (ID_Fattura, ResiduoASaldo) VALUES (9, 999999999999999.9999)");
     try {
@@ -66,7 +72,8 @@ TEST_F(ServerValues, AnAmountBeyondCurrencyIsAnErrorNamingTheColumn) {
     }
 }
 
-TEST_F(ServerValues, SumsOfAmountsStayAmounts) {
+TEST_F(ServerValues, SumsOfAmountsStayAmounts)
+{
     db.exec("INSERT INTO Azioni (IdPra, Onorari) VALUES (5, 0.1), (5, 0.2), (5, 1234567890.0001)");
     const Value sum = clsValoreSql::instance().ValoreSql("SELECT Sum(Onorari) FROM Azioni WHERE IdPra = 5");
     ASSERT_EQ(sum.kind(), ValueKind::Currency);
@@ -77,7 +84,8 @@ TEST_F(ServerValues, SumsOfAmountsStayAmounts) {
     EXPECT_NEAR(average.asDouble(), 411522630.1000333, 1e-6);
 }
 
-TEST_F(ServerValues, WholeNumbers) {
+TEST_F(ServerValues, WholeNumbers)
+{
     clsAccessoDati data;
     data.Apri("SELECT 7::smallint AS S, 2147483647 AS I, 2147483648 AS Big, -3000000000 AS Negative, Count(*) AS N "
               "FROM Versioni",
@@ -89,7 +97,8 @@ TEST_F(ServerValues, WholeNumbers) {
     EXPECT_TRUE(data.Campo("N", TipoNumero).identicalTo(Value(1)));
 }
 
-TEST_F(ServerValues, DatesBothWays) {
+TEST_F(ServerValues, DatesBothWays)
+{
     for (const Date date : {Date::fromYmd(2004, 2, 29), Date::fromYmd(1900, 1, 1), Date::fromYmd(1899, 12, 30),
                             Date::fromYmd(9999, 12, 31), Date::fromYmd(1, 1, 1)}) {
         const Value id = db.insertRow("Azioni", {{"IdPra", Value(5)}, {"Data", Value(date)}});
@@ -106,9 +115,12 @@ TEST_F(ServerValues, DatesBothWays) {
               "2004-06-03");
 }
 
-TEST_F(ServerValues, YesNoBothWays) {
-    const Value yes = db.insertRow("Azioni", {{"IdPra", Value(5)}, {"IsTariffa", Value(true)}, {"bFattura", Value(-1)}});
-    const Value no = db.insertRow("Azioni", {{"IdPra", Value(5)}, {"IsTariffa", Value("False")}, {"bFattura", Value(0)}});
+TEST_F(ServerValues, YesNoBothWays)
+{
+    const Value yes =
+        db.insertRow("Azioni", {{"IdPra", Value(5)}, {"IsTariffa", Value(true)}, {"bFattura", Value(-1)}});
+    const Value no =
+        db.insertRow("Azioni", {{"IdPra", Value(5)}, {"IsTariffa", Value("False")}, {"bFattura", Value(0)}});
     RawSession other(db.location());
     EXPECT_EQ(other.text("SELECT IsTariffa::text || bFattura::text FROM Azioni WHERE IdAzione = " +
                          std::to_string(yes.asLong())),
@@ -125,20 +137,24 @@ TEST_F(ServerValues, YesNoBothWays) {
 
 // Text goes to the server as a parameter, never inside the statement: quotes,
 // backslashes, ';' and comment marks are stored exactly.
-TEST_F(ServerValues, TextIsStoredExactly) {
+TEST_F(ServerValues, TextIsStoredExactly)
+{
     const std::string awkward = "D'Amico \\ ; -- /* 'True' */ \"x\" \xC3\xA0 ";
     const Value id = db.insertRow("Azioni", {{"IdPra", Value(5)}, {"Descr", Value(awkward)}, {"Codice", Value("")}});
-    const auto row = db.rows("SELECT Descr, Codice FROM Azioni WHERE IdAzione = " + std::to_string(id.asLong())).front();
+    const auto row =
+        db.rows("SELECT Descr, Codice FROM Azioni WHERE IdAzione = " + std::to_string(id.asLong())).front();
     EXPECT_EQ(row[0].asText(), awkward);
     EXPECT_EQ(row[1].asText(), "");
     EXPECT_EQ(db.value("SELECT Count(*) FROM Azioni").asLong(), 1);
 }
 
-TEST_F(ServerValues, FieldNamesInTheSchemasSpelling) {
+TEST_F(ServerValues, FieldNamesInTheSchemasSpelling)
+{
     clsAccessoDati data;
     const auto names = data.Apri("SELECT * FROM Utenti", 0, 1, -1)->FieldNames();
-    EXPECT_EQ(names, (std::vector<std::string>{"ID_Utente", "NomeUtente", "LivelloRiservatezza", "TitContabilita",
-                                               "TariffaEuro", "TariffaLira"}));
+    EXPECT_EQ(names,
+              (std::vector<std::string>{"ID_Utente", "NomeUtente", "LivelloRiservatezza", "TitContabilita",
+                                        "TariffaEuro", "TariffaLira"}));
     // Written otherwise in the statement: still the schema's spelling.
     EXPECT_EQ(data.Apri("Select fk_id_Utente, FK_GRUPPO FROM RelGruppiUtenti", 0, 1, -1)->FieldNames(),
               (std::vector<std::string>{"Fk_Id_Utente", "Fk_Gruppo"}));

@@ -13,18 +13,21 @@ namespace {
 
 class ServerWriteBack : public testing::Test {
 protected:
-    std::int32_t addAction(const char* descr) {
+    std::int32_t addAction(const char* descr)
+    {
         return db.insertRow("Azioni", {{"IdPra", Value(5)}, {"Descr", Value(descr)}}).asLong();
     }
 
-    std::string descrOf(std::int32_t id) {
+    std::string descrOf(std::int32_t id)
+    {
         return db.value("SELECT Descr FROM Azioni WHERE IdAzione = " + std::to_string(id)).asText();
     }
 
     TestDatabase db;
 };
 
-TEST_F(ServerWriteBack, NewRowsGetTheNextIdEvenAfterExplicitIds) {
+TEST_F(ServerWriteBack, NewRowsGetTheNextIdEvenAfterExplicitIds)
+{
     EXPECT_EQ(addAction("prima"), 1);
     db.exec("INSERT INTO Azioni (IdAzione, IdPra) VALUES (100, 5)");
     EXPECT_EQ(addAction("dopo cento"), 101);
@@ -39,13 +42,15 @@ TEST_F(ServerWriteBack, NewRowsGetTheNextIdEvenAfterExplicitIds) {
     EXPECT_EQ(db.insertRow("Utenti", {{"NomeUtente", Value("Otto")}}).asLong(), 8);
 }
 
-TEST_F(ServerWriteBack, OneConfigurationRowOnly) {
+TEST_F(ServerWriteBack, OneConfigurationRowOnly)
+{
     EXPECT_THROW(db.insertRow("ConfigGenerale", {{"ValutaDefault", Value("LIRA")}}), DataError);
     EXPECT_THROW(db.exec("INSERT INTO ConfigGenerale (IdConfig, ValutaDefault) VALUES (2, 'LIRA')"), DataError);
     EXPECT_EQ(db.rows("SELECT * FROM ConfigGenerale").size(), 1U);
 }
 
-TEST_F(ServerWriteBack, ChangingTheKeyKeepsTheRowInHand) {
+TEST_F(ServerWriteBack, ChangingTheKeyKeepsTheRowInHand)
+{
     const std::int32_t id = addAction("Studio");
     clsAccessoDati data;
     data.Apri("SELECT IdAzione, Descr FROM Azioni WHERE IdAzione = " + std::to_string(id), 1, 3, -1);
@@ -61,7 +66,8 @@ TEST_F(ServerWriteBack, ChangingTheKeyKeepsTheRowInHand) {
 }
 
 // Two identical memberships: each is written and deleted on its own.
-TEST_F(ServerWriteBack, RowsWithoutAKeyAreToldApart) {
+TEST_F(ServerWriteBack, RowsWithoutAKeyAreToldApart)
+{
     db.exec("INSERT INTO RelGruppiUtenti (Fk_Id_Utente, Fk_Gruppo) VALUES (5, 'Civile'), (5, 'Civile'), (9, 'Civile')");
     clsAccessoDati data;
     data.Apri("SELECT * FROM RelGruppiUtenti WHERE Fk_Id_Utente = 5", 1, 3, -1);
@@ -80,7 +86,8 @@ TEST_F(ServerWriteBack, RowsWithoutAKeyAreToldApart) {
 }
 
 // The version row (no key) read as a whole table, changed and read back.
-TEST_F(ServerWriteBack, WholeTableWithoutAKey) {
+TEST_F(ServerWriteBack, WholeTableWithoutAKey)
+{
     clsAccessoDati data;
     data.Apri("Versioni", 1, 3, -1);
     data.ImpostaCampo("Versione", Value(2));
@@ -95,7 +102,8 @@ TEST_F(ServerWriteBack, WholeTableWithoutAKey) {
 
 // A keyless row that another workstation changed since it was read is not
 // overwritten: the write is refused and the other change stays.
-TEST_F(ServerWriteBack, KeylessRowChangedMeanwhileIsReported) {
+TEST_F(ServerWriteBack, KeylessRowChangedMeanwhileIsReported)
+{
     db.exec("INSERT INTO FonteTariffe (Tabella, Id, Fonte) VALUES ('Diritti94', 1, 'Gazzetta')");
     clsAccessoDati data;
     data.Apri("SELECT * FROM FonteTariffe WHERE Tabella = 'Diritti94'", 1, 3, -1);
@@ -110,7 +118,8 @@ TEST_F(ServerWriteBack, KeylessRowChangedMeanwhileIsReported) {
 
 // A row with a key is written by its key: another workstation's change of
 // other columns meanwhile does not make the write fail.
-TEST_F(ServerWriteBack, KeyedRowChangedMeanwhileIsStillWritten) {
+TEST_F(ServerWriteBack, KeyedRowChangedMeanwhileIsStillWritten)
+{
     const std::int32_t id = addAction("Studio");
     clsAccessoDati data;
     data.Apri("SELECT * FROM Azioni WHERE IdAzione = " + std::to_string(id), 1, 3, -1);
@@ -121,7 +130,8 @@ TEST_F(ServerWriteBack, KeyedRowChangedMeanwhileIsStillWritten) {
     EXPECT_EQ(other.text("SELECT NOrdine || ' ' || Codice || ' ' || Descr FROM Azioni"), "4 12 Studio");
 }
 
-TEST_F(ServerWriteBack, ViewsAndJoinsAreNotWritable) {
+TEST_F(ServerWriteBack, ViewsAndJoinsAreNotWritable)
+{
     db.exec("CREATE VIEW AzioniTariffa AS SELECT * FROM Azioni WHERE IsTariffa");
     addAction("Studio");
     db.exec("UPDATE Azioni SET IsTariffa = true");

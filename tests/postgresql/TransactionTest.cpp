@@ -16,18 +16,21 @@ namespace {
 class Transactions : public testing::Test {
 protected:
     // Another connection to the same database, as another program has.
-    std::shared_ptr<Connection> otherConnection() const {
+    std::shared_ptr<Connection> otherConnection() const
+    {
         if (TestDatabase::onPostgresql()) {
             return connectionFor(db.location() + "?application_name=avlor_altro");
         }
         return connectionFor("file:" + db.location());
     }
 
-    std::int64_t actions(const std::shared_ptr<Connection>& connection) const {
+    std::int64_t actions(const std::shared_ptr<Connection>& connection) const
+    {
         return connection->singleValue("SELECT Count(*) FROM Azioni").asLong();
     }
 
-    void TearDown() override {
+    void TearDown() override
+    {
         closeConnections(TestDatabase::onPostgresql() ? db.location() + "?application_name=avlor_altro"
                                                       : "file:" + db.location());
     }
@@ -35,7 +38,8 @@ protected:
     TestDatabase db;
 };
 
-TEST_F(Transactions, CommitKeepsEveryWrite) {
+TEST_F(Transactions, CommitKeepsEveryWrite)
+{
     const auto connection = db.connection();
     {
         TransactionScope transaction(connection);
@@ -58,7 +62,8 @@ TEST_F(Transactions, CommitKeepsEveryWrite) {
     EXPECT_EQ(rows[1][0].asText(), "tre");
 }
 
-TEST_F(Transactions, LeavingWithoutCommitKeepsNothing) {
+TEST_F(Transactions, LeavingWithoutCommitKeepsNothing)
+{
     db.insertRow("Azioni", {{"IdPra", Value(5)}, {"Descr", Value("prima")}});
     const auto connection = db.connection();
     EXPECT_THROW(
@@ -78,7 +83,8 @@ TEST_F(Transactions, LeavingWithoutCommitKeepsNothing) {
     EXPECT_EQ(actions(otherConnection()), 2);
 }
 
-TEST_F(Transactions, AFailedWriteEndsTheUnitWithNothingKept) {
+TEST_F(Transactions, AFailedWriteEndsTheUnitWithNothingKept)
+{
     const auto connection = db.connection();
     {
         TransactionScope transaction(connection);
@@ -89,7 +95,8 @@ TEST_F(Transactions, AFailedWriteEndsTheUnitWithNothingKept) {
     EXPECT_EQ(actions(connection), 0);
 }
 
-TEST_F(Transactions, AFailingScriptUndoesItselfOnly) {
+TEST_F(Transactions, AFailingScriptUndoesItselfOnly)
+{
     const auto connection = db.connection();
     {
         TransactionScope transaction(connection);
@@ -105,7 +112,8 @@ TEST_F(Transactions, AFailingScriptUndoesItselfOnly) {
     EXPECT_EQ(rows[1][0].asText(), "dopo");
 }
 
-TEST_F(Transactions, DoNotNest) {
+TEST_F(Transactions, DoNotNest)
+{
     const auto connection = db.connection();
     EXPECT_THROW(connection->commitTransaction(), DataError);
     EXPECT_NO_THROW(connection->rollbackTransaction());

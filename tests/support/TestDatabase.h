@@ -61,16 +61,17 @@
 
 // Skips a test that checks the workings of SQLite itself when the suite runs
 // on PostgreSQL.
-#define AVLOR_SQLITE_ONLY(reason)                                                                                    \
-    if (!::avlor::test::TestDatabase::onPostgresql()) {                                                              \
-    } else                                                                                                           \
+#define AVLOR_SQLITE_ONLY(reason)                                                                                      \
+    if (!::avlor::test::TestDatabase::onPostgresql()) {                                                                \
+    } else                                                                                                             \
         GTEST_SKIP() << "SQLite only: " << (reason)
 
 namespace avlor::test {
 
 class TestDatabase {
 public:
-    TestDatabase() : previous_(databaseSetByHost()) {
+    TestDatabase() : previous_(databaseSetByHost())
+    {
         folder_ = makeTemporaryFolder();
         if (onPostgresql()) {
             const std::string server = serverUri();
@@ -88,13 +89,14 @@ public:
         setCurrentDatabase(location_);
     }
 
-    ~TestDatabase() {
+    ~TestDatabase()
+    {
         closeConnections(location_);
         setCurrentDatabase(previous_);
         if (!serverDatabase_.empty()) {
             try {
-                connectionFor(serverUri())->executeScript("DROP DATABASE IF EXISTS " + serverDatabase_ +
-                                                          " WITH (FORCE)");
+                connectionFor(serverUri())
+                    ->executeScript("DROP DATABASE IF EXISTS " + serverDatabase_ + " WITH (FORCE)");
             } catch (...) {
                 // The server went away: its databases go with it.
             }
@@ -107,13 +109,15 @@ public:
     TestDatabase& operator=(const TestDatabase&) = delete;
 
     // True when the suites run on PostgreSQL (AVLOR_TEST_BACKEND).
-    [[nodiscard]] static bool onPostgresql() {
+    [[nodiscard]] static bool onPostgresql()
+    {
         const char* backend = std::getenv("AVLOR_TEST_BACKEND");
         return backend != nullptr && std::string_view(backend) == "postgresql";
     }
 
     // The server of the PostgreSQL runs (AVLOR_TEST_PG_URI).
-    [[nodiscard]] static std::string serverUri() {
+    [[nodiscard]] static std::string serverUri()
+    {
         const char* uri = std::getenv("AVLOR_TEST_PG_URI");
         if (uri == nullptr || *uri == '\0') {
             throw std::runtime_error("AVLOR_TEST_BACKEND=postgresql needs AVLOR_TEST_PG_URI: the URI of a PostgreSQL "
@@ -124,12 +128,14 @@ public:
 
     // What the backend in use gives where the two differ by nature (the
     // database's own messages, storage classes).
-    [[nodiscard]] static std::string byBackend(std::string sqlite, std::string postgresql) {
+    [[nodiscard]] static std::string byBackend(std::string sqlite, std::string postgresql)
+    {
         return onPostgresql() ? std::move(postgresql) : std::move(sqlite);
     }
 
     // `uri` with its database replaced by `database`.
-    [[nodiscard]] static std::string withDatabase(const std::string& uri, const std::string& database) {
+    [[nodiscard]] static std::string withDatabase(const std::string& uri, const std::string& database)
+    {
         const std::size_t scheme = uri.find("://");
         const std::size_t start = scheme == std::string::npos ? 0 : scheme + 3;
         const std::size_t path = uri.find_first_of("/?", start);
@@ -151,8 +157,8 @@ public:
     void exec(const std::string& sql) const { connection()->executeScript(sql); }
 
     // Adds one row through the record-access layer; returns its first field.
-    Value insertRow(const std::string& table,
-                    std::initializer_list<std::pair<std::string, Value>> fields) const {
+    Value insertRow(const std::string& table, std::initializer_list<std::pair<std::string, Value>> fields) const
+    {
         clsAccessoDati data(connection());
         const std::shared_ptr<RecordSet> rows = data.Apri(table, 1, 3, -1);
         rows->AddNew();
@@ -164,7 +170,8 @@ public:
     }
 
     // Every row of a query, field by field, as stored.
-    [[nodiscard]] std::vector<std::vector<Value>> rows(const std::string& sql) const {
+    [[nodiscard]] std::vector<std::vector<Value>> rows(const std::string& sql) const
+    {
         clsAccessoDati data(connection());
         const std::shared_ptr<RecordSet> set = data.Apri(sql, 0, 1, -1);
         const std::vector<std::string> names = set->FieldNames();
@@ -186,13 +193,15 @@ public:
 
     // An amount as raw SQL writes it on the backend in use: amount("12.5") is
     // "125000" on SQLite (ten-thousandths), "12.5000" on PostgreSQL.
-    [[nodiscard]] static std::string amount(std::string_view decimal) {
+    [[nodiscard]] static std::string amount(std::string_view decimal)
+    {
         const Currency value = Currency::fromText(decimal);
         return onPostgresql() ? value.toFixed4() : std::to_string(value.raw());
     }
 
 private:
-    static std::filesystem::path makeTemporaryFolder() {
+    static std::filesystem::path makeTemporaryFolder()
+    {
         std::string pattern = (std::filesystem::temp_directory_path() / "avlor-test-XXXXXX").string();
         if (mkdtemp(pattern.data()) == nullptr) {
             throw std::runtime_error("Cannot make a temporary folder for the test database");
@@ -200,7 +209,8 @@ private:
         return pattern;
     }
 
-    static int& databasesMade() {
+    static int& databasesMade()
+    {
         static int count = 0;
         return count;
     }

@@ -62,9 +62,10 @@ TEST(AmountText, OnePointAndThreeDigitsIsAmbiguousUntilTheFileDecides)
         (void)amountInStyle(cell, "1.055", DecimalStyle::Unknown);
         FAIL() << "no error";
     } catch (const ValueError& e) {
-        EXPECT_STREQ(e.what(), "\"1.055\" is ambiguous: nothing else in the file shows whether its point groups "
-                               "thousands (1055) or marks decimals (1.055); write 1055 or 1.055,00 for the first, "
-                               "1.0550 for the second");
+        EXPECT_STREQ(e.what(),
+                     "\"1.055\" is ambiguous: nothing else in the file shows whether its point groups "
+                     "thousands (1055) or marks decimals (1.055); write 1055 or 1.055,00 for the first, "
+                     "1.0550 for the second");
     }
 }
 

@@ -13,9 +13,9 @@
 
 #include "SourceFigures.h"
 #include "TestDatabase.h"
+#include "avlor/core/FeeTables.h"
 #include "avlor/data/TipoCampo.h"
 #include "avlor/data/clsAccessoDati.h"
-#include "avlor/core/FeeTables.h"
 #include "avlor/tariffe/FeeColumns.h"
 #include "avlor/tariffe/OfficialTariffs.h"
 #include "avlor/tariffe/TariffExport.h"
@@ -72,8 +72,8 @@ protected:
     {
         SCOPED_TRACE(table);
         clsAccessoDati access(db.connection());
-        const auto rows = access.Apri("SELECT * FROM " + table + " ORDER BY Id", adOpenForwardOnly,
-                                      adLockReadOnly, adCmdUnspecified);
+        const auto rows =
+            access.Apri("SELECT * FROM " + table + " ORDER BY Id", adOpenForwardOnly, adLockReadOnly, adCmdUnspecified);
         std::set<std::string> amountColumns;
         for (const std::string& column : rows->FieldNames()) {
             if (feeColumnRole(column) == FeeColumnRole::Amount)
@@ -109,9 +109,18 @@ protected:
     OfficialTariffsResult loaded;
 };
 
-TEST_F(OfficialTariffs, Onorari2004EuroEqualsItsSource) { expectTableHolds("Onorari2004Euro", test::expectedOnorari2004Euro()); }
-TEST_F(OfficialTariffs, Onorari94EqualsTheOfficialLireText) { expectTableHolds("Onorari94", test::expectedOnorari94()); }
-TEST_F(OfficialTariffs, Onorari94EuroEqualsItsSources) { expectTableHolds("Onorari94Euro", test::expectedOnorari94Euro()); }
+TEST_F(OfficialTariffs, Onorari2004EuroEqualsItsSource)
+{
+    expectTableHolds("Onorari2004Euro", test::expectedOnorari2004Euro());
+}
+TEST_F(OfficialTariffs, Onorari94EqualsTheOfficialLireText)
+{
+    expectTableHolds("Onorari94", test::expectedOnorari94());
+}
+TEST_F(OfficialTariffs, Onorari94EuroEqualsItsSources)
+{
+    expectTableHolds("Onorari94Euro", test::expectedOnorari94Euro());
+}
 TEST_F(OfficialTariffs, OnorariPenali94EqualsTheOfficialLireText)
 {
     expectTableHolds("OnorariPenali94", test::expectedOnorariPenali94());
@@ -151,7 +160,7 @@ TEST_F(OfficialTariffs, ReportsWhatItLoaded)
 {
     ASSERT_EQ(loaded.tables.size(), 6U);
     const std::vector<std::pair<std::string, std::size_t>> expected{
-        {"Onorari94", 8}, {"Onorari94Euro", 19}, {"Onorari2004Euro", 11},
+        {"Onorari94", 8},       {"Onorari94Euro", 19},        {"Onorari2004Euro", 11},
         {"OnorariPenali94", 5}, {"OnorariPenali2004Euro", 4}, {"OnorariStrag2004Euro", 9}};
     for (std::size_t i = 0; i < expected.size(); ++i) {
         EXPECT_EQ(loaded.tables[i].table, expected[i].first);
@@ -168,12 +177,15 @@ TEST_F(OfficialTariffs, EveryItemAndEveryTableCarriesItsSource)
     for (const FeeTable& table : feeTables()) {
         const std::string name(table.name);
         SCOPED_TRACE(name);
-        EXPECT_EQ(db.value("SELECT COUNT(*) FROM FonteTariffe WHERE Tabella = '" + name + "' AND Id IS NULL AND "
+        EXPECT_EQ(db.value("SELECT COUNT(*) FROM FonteTariffe WHERE Tabella = '" + name +
+                           "' AND Id IS NULL AND "
                            "Fonte <> '' AND Note <> ''")
                       .toLong(),
                   1);
-        EXPECT_EQ(db.value("SELECT COUNT(*) FROM " + name + " t WHERE NOT EXISTS (SELECT 1 FROM FonteTariffe f "
-                           "WHERE f.Tabella = '" + name + "' AND f.Id = t.Id AND f.Fonte <> '')")
+        EXPECT_EQ(db.value("SELECT COUNT(*) FROM " + name +
+                           " t WHERE NOT EXISTS (SELECT 1 FROM FonteTariffe f "
+                           "WHERE f.Tabella = '" +
+                           name + "' AND f.Id = t.Id AND f.Fonte <> '')")
                       .toLong(),
                   0);
     }
@@ -246,8 +258,9 @@ TEST_F(BrokenShipment, ABadCellInTheLastFileLoadsNothing)
         (void)loadOfficialTariffs(folder);
         FAIL() << "no error";
     } catch (const TariffFileError& e) {
-        EXPECT_STREQ(e.what(), "OnorariStrag2004Euro.csv, line 11, column CodiceTariffa: is empty: every item needs "
-                               "its code as the table prints it");
+        EXPECT_STREQ(e.what(),
+                     "OnorariStrag2004Euro.csv, line 11, column CodiceTariffa: is empty: every item needs "
+                     "its code as the table prints it");
     }
     EXPECT_EQ(itemsInDatabase(), 0);
 }
@@ -259,8 +272,9 @@ TEST_F(BrokenShipment, AnItemWithoutItsSourceLoadsNothing)
         (void)loadOfficialTariffs(folder);
         FAIL() << "no error";
     } catch (const TariffFileError& e) {
-        EXPECT_STREQ(e.what(), "OnorariStrag2004Euro.csv, line 11, column Id: item 10 has no source in "
-                               "FonteTariffe.csv");
+        EXPECT_STREQ(e.what(),
+                     "OnorariStrag2004Euro.csv, line 11, column Id: item 10 has no source in "
+                     "FonteTariffe.csv");
     }
     EXPECT_EQ(itemsInDatabase(), 0);
 }

@@ -18,7 +18,6 @@
 namespace avlor {
 namespace {
 
-
 // "0,000103" -> 103 millionths.
 std::int64_t millionths(const std::string& italian)
 {
@@ -53,7 +52,7 @@ PrintedTable readPrintedTable()
 
 struct Bracket {
     std::string label; // "fino a 600", "da 600,01 a 1.600", ...
-    Currency from;     // 0 for the first bracket
+    Currency from; // 0 for the first bracket
     Currency to;
 };
 
@@ -98,8 +97,7 @@ Priced price(std::int32_t id, Currency value, std::int16_t bInd, std::int16_t vR
     Currency MaxS;
     std::string Autorita;
     std::string sTabella = "OnorariStrag2004Euro";
-    const Currency result = CalcolaTariffaModulo(value, vRil, sTabella, bInd, id, MinTar, MaxTar, MinS,
-                                                 MaxS, Autorita);
+    const Currency result = CalcolaTariffaModulo(value, vRil, sTabella, bInd, id, MinTar, MaxTar, MinS, MaxS, Autorita);
     return {result, MinTar, MaxTar, messages.recorder().shown().size()};
 }
 

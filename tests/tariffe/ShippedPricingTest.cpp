@@ -10,8 +10,8 @@
 #include "SourceFigures.h"
 #include "TestDatabase.h"
 #include "avlor/core/Messages.h"
-#include "avlor/tariffe/OfficialTariffs.h"
 #include "avlor/engine/CalcolaTariffaModulo.h"
+#include "avlor/tariffe/OfficialTariffs.h"
 
 namespace avlor {
 namespace {
@@ -46,8 +46,8 @@ protected:
         Currency maxS;
         std::string name = table;
         std::int16_t indeterminate = 0;
-        out.result = CalcolaTariffaModulo(value, relevance, name, indeterminate, id, out.minTar, out.maxTar, minS,
-                                          maxS, authority);
+        out.result = CalcolaTariffaModulo(value, relevance, name, indeterminate, id, out.minTar, out.maxTar, minS, maxS,
+                                          authority);
         return out;
     }
 
@@ -81,8 +81,9 @@ protected:
         EXPECT_EQ(price(table, id, value, 50, authority).result, Currency());
         ASSERT_EQ(messages.recorder().shown().size(), 1U);
         EXPECT_EQ(messages.recorder().shown()[0].text,
-                  kind + " codice <" + code + "> non previsto per una pratica di questo valore.\rNessun valore "
-                                              "proposto.");
+                  kind + " codice <" + code +
+                      "> non previsto per una pratica di questo valore.\rNessun valore "
+                      "proposto.");
         messages.recorder().clear();
     }
 
@@ -96,7 +97,7 @@ protected:
                 const auto min = item.amounts.find(bracket.word + "MIN");
                 const auto max = item.amounts.find(bracket.word + "MAX");
                 const bool priced = min != item.amounts.end() && max != item.amounts.end() &&
-                                    min->second > Currency() && max->second > Currency();
+                    min->second > Currency() && max->second > Currency();
                 const Currency middle = Currency::fromRaw((bracket.from.raw() + bracket.to.raw()) / 2);
                 for (const Currency value : {bracket.from, middle, bracket.to}) {
                     if (priced)
@@ -197,8 +198,8 @@ TEST_F(ShippedPricing, OnorariPenali94SameBandBeforeEveryAuthority)
     for (std::size_t i = 0; i < sources.size(); ++i) {
         for (const AuthorityCase& c : Authorities)
             expectBand("OnorariPenali94", static_cast<std::int32_t>(i + 1), amount("5000000"),
-                       test::printed(sources[i].at("min_lire")), test::printed(sources[i].at("max_lire")),
-                       c.authority, true);
+                       test::printed(sources[i].at("min_lire")), test::printed(sources[i].at("max_lire")), c.authority,
+                       true);
     }
 }
 

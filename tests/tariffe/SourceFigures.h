@@ -8,9 +8,9 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <ostream>
 #include <map>
 #include <optional>
+#include <ostream>
 #include <regex>
 #include <stdexcept>
 #include <string>
@@ -130,10 +130,9 @@ inline std::vector<ExpectedItem> expectedOnorari2004Euro()
 // to 3,000,000 lire); the truncated maximum of item 8 stays 0.
 inline std::vector<ExpectedItem> expectedOnorari94()
 {
-    const std::map<std::string, std::string> subBrackets{
-        {"cause di valore fino a L. 250.000", "SCA01"},
-        {"cause di valore da L. 250.001 a L. 500.000", "SCA02"},
-        {"cause di valore da L. 500.001 a L. 1.000.000", "SCA03"}};
+    const std::map<std::string, std::string> subBrackets{{"cause di valore fino a L. 250.000", "SCA01"},
+                                                         {"cause di valore da L. 250.001 a L. 500.000", "SCA02"},
+                                                         {"cause di valore da L. 500.001 a L. 1.000.000", "SCA03"}};
     std::map<std::int32_t, ExpectedItem> items;
     for (const SourceRow& src : readSourceFile("1994_onorari_civili_conciliatore_pretore_GU.csv")) {
         const std::int32_t id = std::stoi(src.at("voce"));
@@ -165,14 +164,10 @@ inline std::vector<ExpectedItem> expectedOnorari94Euro()
         items.push_back(std::move(e));
     }
     const std::vector<std::pair<std::string, std::string>> brackets{
-        {"(a)_fino_EUR_5.164,57(L.10M)_min_eur", "SCA3MIN"},
-        {"(a)_max_eur", "SCA3MAX"},
-        {"(b)_EUR_5.164,58-25.822,84(L.50M)_min_eur", "SCA4MIN"},
-        {"(b)_max_eur", "SCA4MAX"},
-        {"(c)_EUR_25.822,85-51.645,69(L.100M)_min_eur", "SCA5MIN"},
-        {"(c)_max_eur", "SCA5MAX"},
-        {"(d)_EUR_51.645,70-103.291,38(L.200M)_min_eur", "SCA6MIN"},
-        {"(d)_max_eur", "SCA6MAX"}};
+        {"(a)_fino_EUR_5.164,57(L.10M)_min_eur", "SCA3MIN"},         {"(a)_max_eur", "SCA3MAX"},
+        {"(b)_EUR_5.164,58-25.822,84(L.50M)_min_eur", "SCA4MIN"},    {"(b)_max_eur", "SCA4MAX"},
+        {"(c)_EUR_25.822,85-51.645,69(L.100M)_min_eur", "SCA5MIN"},  {"(c)_max_eur", "SCA5MAX"},
+        {"(d)_EUR_51.645,70-103.291,38(L.200M)_min_eur", "SCA6MIN"}, {"(d)_max_eur", "SCA6MAX"}};
     const std::regex noteMarker(" \\([0-9]+[a-z]?\\)$");
     for (const SourceRow& src : readSourceFile("1994_onorari_civili_tribunale.csv")) {
         ExpectedItem e = item(std::stoi(src.at("voce")), src.at("voce"),
@@ -186,8 +181,8 @@ inline std::vector<ExpectedItem> expectedOnorari94Euro()
     return items;
 }
 
-const std::vector<std::string> AuthorityPrefixes{"Pretura", "Tribunale", "GiuPace", "Gip",
-                                                 "AssiseApp", "Appello", "CostCass"};
+const std::vector<std::string> AuthorityPrefixes{"Pretura",   "Tribunale", "GiuPace", "Gip",
+                                                 "AssiseApp", "Appello",   "CostCass"};
 
 // OnorariPenali94 (lire, official text): one band per item, whatever the
 // authority, so the same band under every authority prefix. Ids count the
@@ -234,9 +229,9 @@ inline std::vector<ExpectedItem> expectedOnorariPenali2004Euro()
 inline std::vector<ExpectedItem> expectedOnorariStrag2004Euro()
 {
     const std::map<std::string, std::string> codes{
-        {"1. A)", "1.A"}, {"1. B) a)", "1.B.a"}, {"1. B) b)", "1.B.b"}, {"2. a)", "2.a"},
-        {"2. b)", "2.b"}, {"2. c)", "2.c"},     {"2. d) (prima riga)", "2.d"},
-        {"2. d) (seconda riga)", "2.d"},         {"2. e)", "2.e"}};
+        {"1. A)", "1.A"}, {"1. B) a)", "1.B.a"}, {"1. B) b)", "1.B.b"},         {"2. a)", "2.a"},
+        {"2. b)", "2.b"}, {"2. c)", "2.c"},      {"2. d) (prima riga)", "2.d"}, {"2. d) (seconda riga)", "2.d"},
+        {"2. e)", "2.e"}};
     std::vector<ExpectedItem> items;
     for (const SourceRow& src : readSourceFile("2004_stragiudiziale.csv")) {
         const auto code = codes.find(src.at("voce_come_stampata"));

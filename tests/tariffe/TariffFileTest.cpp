@@ -92,9 +92,10 @@ TEST(TariffFile, MixedNotationsAreRefusedAtTheSecondNotation)
     const TariffFileError e = refusal("Id;CodiceTariffa;SCA1MIN;SCA1MAX\n1;a;1.234,50;0\n2;b;12.50;0\n");
     EXPECT_EQ(e.line(), 3U);
     EXPECT_EQ(e.column(), "SCA1MIN");
-    EXPECT_STREQ(e.what(), "line 3, column SCA1MIN: \"12.50\" is written with a decimal point (1234.56), but line 2 "
-                           "(column SCA1MIN, \"1.234,50\") is written in Italian notation (1.234,56): keep one "
-                           "notation in the whole file");
+    EXPECT_STREQ(e.what(),
+                 "line 3, column SCA1MIN: \"12.50\" is written with a decimal point (1234.56), but line 2 "
+                 "(column SCA1MIN, \"1.234,50\") is written in Italian notation (1.234,56): keep one "
+                 "notation in the whole file");
 }
 
 TEST(TariffFile, EmptyAmountIsZeroAndUnquotedEmptyTextIsNull)
@@ -130,7 +131,7 @@ struct Fault {
     const char* message;
 };
 
-class TariffFileFault : public testing::TestWithParam<Fault> {};
+class TariffFileFault : public testing::TestWithParam<Fault> { };
 
 TEST_P(TariffFileFault, IsRefusedWithItsLineAndColumn)
 {
@@ -156,8 +157,7 @@ INSTANTIATE_TEST_SUITE_P(
               "Autorita, SCA1MIN, SCA1MAX, SCA2MIN, SCA2MAX)"},
         Fault{"column named twice", "Id,CodiceTariffa,SCA1MIN,sca1min\n1,a,3,4\n", 1, "SCA1MIN",
               "line 1, column SCA1MIN: is named twice in the header"},
-        Fault{"nameless column", "Id,,CodiceTariffa\n1,2,a\n", 1, "",
-              "line 1: column 2 of the header has no name"},
+        Fault{"nameless column", "Id,,CodiceTariffa\n1,2,a\n", 1, "", "line 1: column 2 of the header has no name"},
         Fault{"no Id column", "CodiceTariffa,SCA1MIN\na,3\n", 1, "Id",
               "line 1, column Id: is missing: the header must name the column Id"},
         Fault{"no code column", "Id,SCA1MIN\n1,3\n", 1, "CodiceTariffa",

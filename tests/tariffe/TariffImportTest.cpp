@@ -29,8 +29,7 @@ void expectSameRows(const Rows& actual, const Rows& expected)
         ASSERT_EQ(actual[r].size(), expected[r].size()) << "row " << r;
         for (std::size_t c = 0; c < actual[r].size(); ++c)
             EXPECT_TRUE(actual[r][c].identicalTo(expected[r][c]))
-                << "row " << r << ", field " << c << ": " << actual[r][c].toText() << " vs "
-                << expected[r][c].toText();
+                << "row " << r << ", field " << c << ": " << actual[r][c].toText() << " vs " << expected[r][c].toText();
     }
 }
 
@@ -105,16 +104,15 @@ TEST_F(TariffImport, ValidFileAddsItsRowsAndTheirSource)
     EXPECT_EQ(result.table, "OnorariPenali2004Euro");
     EXPECT_EQ(result.added, 2U);
     EXPECT_EQ(result.replaced, 0U);
-    expectSameRows(db.rows(CriminalSelect),
-                   {{id(1), text("1.1"),
-                     text("Corrispondenza e sessioni - Informativa anche telefonica o telematica, per ognuna"),
-                     Value::null(), money("0"), money("0"), money("8"), money("12"), money("6"), money("10")},
-                    {id(2), text("1.2"), text("Sessione \"in studio\", per ogni sessione"), Value::null(), money("0"),
-                     money("0"), money("24"), money("48"), money("19"), money("39")}});
-    expectSameRows(db.rows(SourcesSelect), {{text("OnorariPenali2004Euro"), id(1), text("Tabella C, ristampa"),
-                                             Value::null()},
-                                            {text("OnorariPenali2004Euro"), id(2), text("Tabella C, ristampa"),
-                                             Value::null()}});
+    expectSameRows(
+        db.rows(CriminalSelect),
+        {{id(1), text("1.1"), text("Corrispondenza e sessioni - Informativa anche telefonica o telematica, per ognuna"),
+          Value::null(), money("0"), money("0"), money("8"), money("12"), money("6"), money("10")},
+         {id(2), text("1.2"), text("Sessione \"in studio\", per ogni sessione"), Value::null(), money("0"), money("0"),
+          money("24"), money("48"), money("19"), money("39")}});
+    expectSameRows(db.rows(SourcesSelect),
+                   {{text("OnorariPenali2004Euro"), id(1), text("Tabella C, ristampa"), Value::null()},
+                    {text("OnorariPenali2004Euro"), id(2), text("Tabella C, ristampa"), Value::null()}});
 }
 
 TEST_F(TariffImport, AnItemAlreadyInTheTableIsReplacedWholeAndOthersStay)
@@ -182,8 +180,9 @@ TEST_F(TariffImport, DatabaseFailureHalfWayChangesNothing)
     if (TestDatabase::onPostgresql())
         db.exec("ALTER TABLE OnorariPenali2004Euro ADD CONSTRAINT refuse_999 CHECK (Id <> 999)");
     else
-        runOnTheSideOf(db, "CREATE TRIGGER refuse_999 BEFORE INSERT ON OnorariPenali2004Euro WHEN NEW.Id = 999 "
-                           "BEGIN SELECT RAISE(ABORT, 'refused by the test'); END");
+        runOnTheSideOf(db,
+                       "CREATE TRIGGER refuse_999 BEFORE INSERT ON OnorariPenali2004Euro WHEN NEW.Id = 999 "
+                       "BEGIN SELECT RAISE(ABORT, 'refused by the test'); END");
     const Rows before = snapshot();
     EXPECT_THROW((void)importTariffText("OnorariPenali2004Euro",
                                         "Id,CodiceTariffa,GipMIN\n4,\"2\",99\n7,\"5\",1\n999,\"x\",1\n", "parziale"),
@@ -289,10 +288,11 @@ TEST_F(TariffImport, UnknownTableIsRefusedBeforeReadingTheFile)
     } catch (const TariffFileError&) {
         FAIL() << "the file was read";
     } catch (const Error& e) {
-        EXPECT_STREQ(e.what(), "\"Onorari2005Euro\" is not a fee table (the fee tables are Diritti94, Diritti94Euro, "
-                               "Diritti2004Euro, Onorari94, Onorari94Euro, Onorari2004Euro, OnorariPenali94, "
-                               "OnorariPenali94Euro, OnorariPenali2004Euro, OnorariStrag94, OnorariStrag94Euro, "
-                               "OnorariStrag2004Euro)");
+        EXPECT_STREQ(e.what(),
+                     "\"Onorari2005Euro\" is not a fee table (the fee tables are Diritti94, Diritti94Euro, "
+                     "Diritti2004Euro, Onorari94, Onorari94Euro, Onorari2004Euro, OnorariPenali94, "
+                     "OnorariPenali94Euro, OnorariPenali2004Euro, OnorariStrag94, OnorariStrag94Euro, "
+                     "OnorariStrag2004Euro)");
     }
     EXPECT_THROW((void)exportTariffText("Azioni"), Error);
 }

@@ -30,7 +30,7 @@ TEST(TariffListing, ListsIdCodeAndDescriptionInTheOrderOfId)
     EXPECT_FALSE(items[0].priced); // every amount 0
     EXPECT_EQ(items[1].id, 3);
     EXPECT_EQ(items[1].description, ""); // no description
-    EXPECT_TRUE(items[1].priced);        // one ten-thousandth is an amount
+    EXPECT_TRUE(items[1].priced); // one ten-thousandth is an amount
     EXPECT_EQ(items[2].id, 10);
     EXPECT_EQ(items[2].code, "10");
     EXPECT_TRUE(items[2].priced);
@@ -65,10 +65,10 @@ TEST(TariffListing, ShippedTables)
         std::size_t items;
         std::size_t priced;
     };
-    for (const Expected& e : {Expected{"Onorari94", 8, 8}, Expected{"Onorari94Euro", 19, 19},
-                              Expected{"Onorari2004Euro", 11, 11}, Expected{"OnorariPenali94", 5, 5},
-                              Expected{"OnorariPenali2004Euro", 4, 4}, Expected{"OnorariStrag2004Euro", 9, 0},
-                              Expected{"Diritti94", 0, 0}}) {
+    for (const Expected& e :
+         {Expected{"Onorari94", 8, 8}, Expected{"Onorari94Euro", 19, 19}, Expected{"Onorari2004Euro", 11, 11},
+          Expected{"OnorariPenali94", 5, 5}, Expected{"OnorariPenali2004Euro", 4, 4},
+          Expected{"OnorariStrag2004Euro", 9, 0}, Expected{"Diritti94", 0, 0}}) {
         const TariffCount count = countTariffItems(e.table);
         EXPECT_EQ(count.items, e.items) << e.table;
         EXPECT_EQ(count.priced, e.priced) << e.table;

@@ -40,7 +40,7 @@ struct Fault {
     const char* reason;
 };
 
-class TariffSourcesFault : public testing::TestWithParam<Fault> {};
+class TariffSourcesFault : public testing::TestWithParam<Fault> { };
 
 TEST_P(TariffSourcesFault, IsRefusedWithItsPlace)
 {

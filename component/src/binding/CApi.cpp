@@ -19,8 +19,8 @@ struct avlor_object {
 struct avlor_value {
     avlor::Value value;
     std::optional<std::vector<std::unique_ptr<avlor_value>>> items; // set for a collection
-    std::string text;                                               // storage for avlor_value_as_text
-    std::string amount;                                             // storage for avlor_value_as_amount
+    std::string text; // storage for avlor_value_as_text
+    std::string amount; // storage for avlor_value_as_amount
 };
 
 namespace {
@@ -75,11 +75,8 @@ avlor_value* wrap(const avlor::DispatchResult& result)
 
 class CallbackMessageBoxes final : public avlor::MessageBoxes {
 public:
-    CallbackMessageBoxes(avlor_message_callback callback, void* userData) : callback_(callback), userData_(userData)
-    {
-    }
-    avlor::MsgResult show(const std::string& text, const std::string& title, avlor::MsgIcon,
-                          avlor::MsgButtons) override
+    CallbackMessageBoxes(avlor_message_callback callback, void* userData) : callback_(callback), userData_(userData) { }
+    avlor::MsgResult show(const std::string& text, const std::string& title, avlor::MsgIcon, avlor::MsgButtons) override
     {
         switch (callback_(text.c_str(), title.c_str(), userData_)) {
         case 1:
@@ -163,8 +160,9 @@ avlor_value* avlor_value_text(const char* utf8) { return wrap(avlor::Value::text
 avlor_value* avlor_value_currency(const char* decimal_text)
 {
     avlor_value* out = nullptr;
-    if (guarded([&] { out = wrap(avlor::Value::currency(avlor::Currency::fromText(decimal_text ? decimal_text : ""))); }) !=
-        AVLOR_OK)
+    if (guarded([&] {
+            out = wrap(avlor::Value::currency(avlor::Currency::fromText(decimal_text ? decimal_text : "")));
+        }) != AVLOR_OK)
         return nullptr;
     return out;
 }

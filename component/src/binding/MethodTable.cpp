@@ -32,13 +32,13 @@ std::vector<std::string> TableObject::methodNames() const
 
 DispatchResult TableObject::invoke(const std::string& method, std::vector<Value>& arguments)
 {
-    auto found = std::find_if(methods_.begin(), methods_.end(),
-                              [&](const Method& m) { return sameName(m.name, method); });
+    auto found =
+        std::find_if(methods_.begin(), methods_.end(), [&](const Method& m) { return sameName(m.name, method); });
     if (found == methods_.end())
         throw UsageError("The class " + progId_ + " has no operation named '" + method + "'");
     if (arguments.size() != found->arity)
         throw UsageError(progId_ + "." + found->name + " takes " + std::to_string(found->arity) + " argument(s), " +
-                    std::to_string(arguments.size()) + " given");
+                         std::to_string(arguments.size()) + " given");
     return found->call(arguments);
 }
 

@@ -10,18 +10,17 @@ namespace avlor::binding {
 std::unique_ptr<AutomationObject> makeClsPratica()
 {
     auto p = std::make_shared<clsPratica>();
-    return std::make_unique<TableObject>(
-        "AvlorLogic.clsPratica",
-        std::vector<Method>{
-            {"QuantiClientiPerPratica", 1,
-             [p](std::vector<Value>& a) -> DispatchResult {
-                 return Value::longValue(p->QuantiClientiPerPratica(a[0]));
-             }},
-            {"QuanteControPartiPerPratica", 1,
-             [p](std::vector<Value>& a) -> DispatchResult {
-                 return Value::longValue(p->QuanteControPartiPerPratica(a[0]));
-             }},
-        });
+    return std::make_unique<TableObject>("AvlorLogic.clsPratica",
+                                         std::vector<Method>{
+                                             {"QuantiClientiPerPratica", 1,
+                                              [p](std::vector<Value>& a) -> DispatchResult {
+                                                  return Value::longValue(p->QuantiClientiPerPratica(a[0]));
+                                              }},
+                                             {"QuanteControPartiPerPratica", 1,
+                                              [p](std::vector<Value>& a) -> DispatchResult {
+                                                  return Value::longValue(p->QuanteControPartiPerPratica(a[0]));
+                                              }},
+                                         });
 }
 
 std::unique_ptr<AutomationObject> makeClsDataBase()

@@ -43,7 +43,8 @@ constexpr const char* SchemaLock = "SELECT pg_catalog.pg_advisory_xact_lock(7347
 
 // libpq's messages end with a line break and may span lines; one line reads
 // better inside a DataError.
-std::string oneLine(const char* message) {
+std::string oneLine(const char* message)
+{
     std::string text;
     bool blank = false;
     for (const char* c = message != nullptr ? message : ""; *c != '\0'; ++c) {
@@ -62,29 +63,34 @@ std::string oneLine(const char* message) {
 
 // The server's notices (a NOTICE of DROP ... IF EXISTS) are of no use to the
 // host and must not reach its standard error.
-void ignoreNotice(void* /*unused*/, const char* /*message*/) {}
+void ignoreNotice(void* /*unused*/, const char* /*message*/) { }
 
-std::string field(const PGresult* result, int code) {
+std::string field(const PGresult* result, int code)
+{
     const char* value = result != nullptr ? PQresultErrorField(result, code) : nullptr;
     return value != nullptr ? value : "";
 }
 
 } // namespace
 
-std::shared_ptr<PgConnection> PgConnection::connect(const std::string& location) {
+std::shared_ptr<PgConnection> PgConnection::connect(const std::string& location)
+{
     std::shared_ptr<PgConnection> connection(new PgConnection(location, nullptr));
     connection->openSession();
     return connection;
 }
 
 PgConnection::PgConnection(std::string location, PGconn* session)
-    : location_(std::move(location)), shown_(shownPgLocation(location_)), session_(session) {}
+    : location_(std::move(location)), shown_(shownPgLocation(location_)), session_(session)
+{
+}
 
 PgConnection::~PgConnection() { dropSession(); }
 
 const Dialect& PgConnection::dialect() const { return PostgresqlDialect::instance(); }
 
-void PgConnection::openSession() {
+void PgConnection::openSession()
+{
     // Defaults first, so that the location can change them; the encoding
     // last, so that it cannot.
     const char* const keywords[] = {"connect_timeout", "fallback_application_name", "dbname", "client_encoding",
@@ -113,13 +119,14 @@ void PgConnection::openSession() {
     applyTimeLimit();
 }
 
-void PgConnection::applyTimeLimit() {
+void PgConnection::applyTimeLimit()
+{
     // A writer waits for another workstation's write as long as a statement
     // may run, then says why it gave up.
     // The wait for a lock ends a little before the statement's own limit, so
     // that the error names the real cause.
     const std::string sql = "SET statement_timeout = " + std::to_string(timeLimit_.count()) +
-                            "; SET lock_timeout = " + std::to_string(timeLimit_.count() - timeLimit_.count() / 10);
+        "; SET lock_timeout = " + std::to_string(timeLimit_.count() - timeLimit_.count() / 10);
     const PgResult result(PQexec(session_, sql.c_str()));
     if (PQresultStatus(result.get()) != PGRES_COMMAND_OK) {
         throw DataError("Cannot set up the session on the PostgreSQL server: " +
@@ -128,14 +135,16 @@ void PgConnection::applyTimeLimit() {
     }
 }
 
-void PgConnection::setStatementTimeLimit(std::chrono::milliseconds limit) {
+void PgConnection::setStatementTimeLimit(std::chrono::milliseconds limit)
+{
     timeLimit_ = limit;
     if (session_ != nullptr && owner_ == getpid() && PQstatus(session_) == CONNECTION_OK) {
         applyTimeLimit();
     }
 }
 
-void PgConnection::dropSession() noexcept {
+void PgConnection::dropSession() noexcept
+{
     // A session inherited across fork belongs to the parent: closing it here
     // would end the parent's session (libpq says goodbye on the shared
     // socket), so the child only forgets it.
@@ -145,7 +154,8 @@ void PgConnection::dropSession() noexcept {
     session_ = nullptr;
 }
 
-PGconn* PgConnection::session() {
+PGconn* PgConnection::session()
+{
     if (session_ != nullptr && owner_ != getpid()) {
         dropSession();
         transaction_ = Transaction::None;
@@ -164,7 +174,8 @@ PGconn* PgConnection::session() {
     return session_;
 }
 
-void PgConnection::fail(const PGresult* result, const std::string& reportAs) {
+void PgConnection::fail(const PGresult* result, const std::string& reportAs)
+{
     std::string message = field(result, PG_DIAG_MESSAGE_PRIMARY);
     std::string code = field(result, PG_DIAG_SQLSTATE);
     if (const std::string detail = field(result, PG_DIAG_MESSAGE_DETAIL); !message.empty() && !detail.empty()) {
@@ -211,15 +222,16 @@ void PgConnection::fail(const PGresult* result, const std::string& reportAs) {
     throw DataError(message, reportAs, code);
 }
 
-PgResult PgConnection::run(const std::string& sql, const PgParameters& parameters, const std::string& reportAs) {
+PgResult PgConnection::run(const std::string& sql, const PgParameters& parameters, const std::string& reportAs)
+{
     PGconn* live = session();
     std::vector<const char*> values;
     values.reserve(parameters.size());
     for (const auto& value : parameters) {
         values.push_back(value ? value->c_str() : nullptr);
     }
-    PgResult result(PQexecParams(live, sql.c_str(), static_cast<int>(values.size()), nullptr, values.data(), nullptr,
-                                 nullptr, 0));
+    PgResult result(
+        PQexecParams(live, sql.c_str(), static_cast<int>(values.size()), nullptr, values.data(), nullptr, nullptr, 0));
     const ExecStatusType status = result ? PQresultStatus(result.get()) : PGRES_FATAL_ERROR;
     if (status == PGRES_TUPLES_OK || status == PGRES_COMMAND_OK) {
         return result;
@@ -232,7 +244,8 @@ PgResult PgConnection::run(const std::string& sql, const PgParameters& parameter
 
 void PgConnection::command(const char* sql, const std::string& reportAs) { (void)run(sql, {}, reportAs); }
 
-PgResult PgConnection::query(const std::string& sql, const PgParameters& parameters, const std::string& reportAs) {
+PgResult PgConnection::query(const std::string& sql, const PgParameters& parameters, const std::string& reportAs)
+{
     // Inside a transaction of the layer's own (a write, the schema) the read
     // belongs to it.
     if (transaction_ != Transaction::None ||
@@ -254,7 +267,8 @@ PgResult PgConnection::query(const std::string& sql, const PgParameters& paramet
     }
 }
 
-void PgConnection::endRead() noexcept {
+void PgConnection::endRead() noexcept
+{
     if (session_ == nullptr || owner_ != getpid() || PQstatus(session_) != CONNECTION_OK) {
         return;
     }
@@ -266,7 +280,8 @@ void PgConnection::endRead() noexcept {
     }
 }
 
-PgResult PgConnection::describe(const std::string& sql, const std::string& reportAs) {
+PgResult PgConnection::describe(const std::string& sql, const std::string& reportAs)
+{
     PGconn* live = session();
     const PgResult prepared(PQprepare(live, "", sql.c_str(), 0, nullptr));
     if (PQresultStatus(prepared.get()) == PGRES_EMPTY_QUERY) {
@@ -282,14 +297,16 @@ PgResult PgConnection::describe(const std::string& sql, const std::string& repor
     return described;
 }
 
-void PgConnection::rollbackQuietly() noexcept {
+void PgConnection::rollbackQuietly() noexcept
+{
     if (session_ != nullptr && owner_ == getpid() && PQstatus(session_) == CONNECTION_OK &&
         PQtransactionStatus(session_) != PQTRANS_IDLE) {
         PQclear(PQexec(session_, "ROLLBACK"));
     }
 }
 
-PgResult PgConnection::write(const std::string& sql, const PgParameters& parameters, const std::string& reportAs) {
+PgResult PgConnection::write(const std::string& sql, const PgParameters& parameters, const std::string& reportAs)
+{
     if (transaction_ != Transaction::None) {
         return run(sql, parameters, reportAs);
     }
@@ -304,17 +321,19 @@ PgResult PgConnection::write(const std::string& sql, const PgParameters& paramet
     }
 }
 
-std::shared_ptr<RecordSet> PgConnection::open(const std::string& source, bool editable) {
+std::shared_ptr<RecordSet> PgConnection::open(const std::string& source, bool editable)
+{
     // A whole table opened to add rows is read only if its rows are needed.
     const bool deferred = editable && Dialect::isBareTableName(source);
-    auto rows = std::make_unique<PgRowSource>(shared_from_this(), source, dialect().translate(source), editable,
-                                              deferred);
+    auto rows =
+        std::make_unique<PgRowSource>(shared_from_this(), source, dialect().translate(source), editable, deferred);
     return std::make_shared<BufferedRecordSet>(
         std::move(rows), editable ? BufferedRecordSet::Mode::Editable : BufferedRecordSet::Mode::ReadOnly,
         deferred ? BufferedRecordSet::Fetch::WhenNeeded : BufferedRecordSet::Fetch::Now);
 }
 
-Value PgConnection::singleValue(const std::string& statement) {
+Value PgConnection::singleValue(const std::string& statement)
+{
     const std::string sql = dialect().translate(statement);
     requirePgQuery(sql, statement);
     const PgResult result = query(sql, {}, statement);
@@ -336,13 +355,15 @@ Value PgConnection::singleValue(const std::string& statement) {
     }
 }
 
-void PgConnection::runStatements(const std::vector<std::string>& statements) {
+void PgConnection::runStatements(const std::vector<std::string>& statements)
+{
     for (const std::string& statement : statements) {
         (void)run(dialect().translate(statement), {}, statement);
     }
 }
 
-void PgConnection::executeScript(const std::string& script) {
+void PgConnection::executeScript(const std::string& script)
+{
     const std::vector<std::string> statements = Dialect::splitScript(script);
     for (const std::string& statement : statements) {
         if (isTransactionCommand(statement)) {
@@ -388,7 +409,8 @@ void PgConnection::executeScript(const std::string& script) {
     }
 }
 
-std::vector<std::string> PgConnection::tableNames() {
+std::vector<std::string> PgConnection::tableNames()
+{
     const PgResult result =
         query("SELECT c.relname FROM pg_catalog.pg_class c WHERE c.relkind IN ('r', 'p') AND c.relnamespace = "
               "pg_catalog.to_regnamespace(pg_catalog.current_schema())",
@@ -401,24 +423,28 @@ std::vector<std::string> PgConnection::tableNames() {
     return names;
 }
 
-void PgConnection::holdTransaction() {
+void PgConnection::holdTransaction()
+{
     beginTransaction();
     held_ = true;
 }
 
-void PgConnection::commitHeldTransaction() {
+void PgConnection::commitHeldTransaction()
+{
     held_ = false;
     nested_ = false;
     commitTransaction();
 }
 
-void PgConnection::rollbackHeldTransaction() noexcept {
+void PgConnection::rollbackHeldTransaction() noexcept
+{
     held_ = false;
     nested_ = false;
     rollbackTransaction();
 }
 
-void PgConnection::beginTransaction() {
+void PgConnection::beginTransaction()
+{
     if (held_ && !nested_ && transaction_ == Transaction::Open) {
         command("SAVEPOINT avlor_nested", "SAVEPOINT");
         nested_ = true;
@@ -431,7 +457,8 @@ void PgConnection::beginTransaction() {
     transaction_ = Transaction::Open;
 }
 
-void PgConnection::commitTransaction() {
+void PgConnection::commitTransaction()
+{
     if (nested_) {
         nested_ = false;
         command("RELEASE SAVEPOINT avlor_nested", "RELEASE");
@@ -461,7 +488,8 @@ void PgConnection::commitTransaction() {
     }
 }
 
-void PgConnection::rollbackTransaction() noexcept {
+void PgConnection::rollbackTransaction() noexcept
+{
     if (nested_) {
         nested_ = false;
         if (transaction_ == Transaction::Open && session_ != nullptr && PQstatus(session_) == CONNECTION_OK) {
@@ -476,7 +504,8 @@ void PgConnection::rollbackTransaction() noexcept {
     rollbackQuietly();
 }
 
-void PgConnection::installSchema() {
+void PgConnection::installSchema()
+{
     const std::vector<SchemaScript> scripts = schemaScripts(dialect().name());
     if (scripts.empty()) {
         throw DataError("No schema scripts are built into this library", shown_);
@@ -513,7 +542,8 @@ void PgConnection::installSchema() {
     }
 }
 
-std::shared_ptr<const PgTable> PgConnection::findTable(const std::string& name) {
+std::shared_ptr<const PgTable> PgConnection::findTable(const std::string& name)
+{
     const PgResult result = query(
         "SELECT c.oid, c.oid::pg_catalog.regclass::text, c.relname, c.relkind IN ('r', 'p'), a.attnum, a.attname, "
         "a.atttypid, a.atttypmod, coalesce(a.attnum = ANY (i.indkey), false) "
@@ -545,7 +575,8 @@ std::shared_ptr<const PgTable> PgConnection::findTable(const std::string& name) 
     return table;
 }
 
-std::string PgConnection::tableNameOf(std::uint32_t oid) {
+std::string PgConnection::tableNameOf(std::uint32_t oid)
+{
     if (const auto known = tableNames_.find(oid); known != tableNames_.end()) {
         return known->second;
     }

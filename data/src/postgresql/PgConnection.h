@@ -56,12 +56,12 @@ using PgParameters = std::vector<std::optional<std::string>>;
 // What a record set needs to know of a table to write its rows back.
 struct PgTable {
     std::uint32_t oid = 0;
-    std::string name;           // as the server keeps it (lower case)
-    std::string reference;      // quoted and qualified where needed, for statements
-    std::map<int, std::string> columns;   // attribute number -> name
-    std::map<int, PgKind> kinds;          // attribute number -> kind
-    std::vector<std::string> key;         // primary-key columns; empty when none
-    bool writable = false;                // an ordinary table (not a view)
+    std::string name; // as the server keeps it (lower case)
+    std::string reference; // quoted and qualified where needed, for statements
+    std::map<int, std::string> columns; // attribute number -> name
+    std::map<int, PgKind> kinds; // attribute number -> kind
+    std::vector<std::string> key; // primary-key columns; empty when none
+    bool writable = false; // an ordinary table (not a view)
 };
 
 class PgConnection final : public Connection, public std::enable_shared_from_this<PgConnection> {
@@ -111,14 +111,12 @@ public:
     // The backend's own pieces (record sets) work through these. Errors name
     // `reportAs`: the statement as the application wrote it.
     // Runs a query in the current transaction (read-only outside one).
-    [[nodiscard]] PgResult query(const std::string& sql, const PgParameters& parameters,
-                                 const std::string& reportAs);
+    [[nodiscard]] PgResult query(const std::string& sql, const PgParameters& parameters, const std::string& reportAs);
     // Describes a query without running it (its columns).
     [[nodiscard]] PgResult describe(const std::string& sql, const std::string& reportAs);
     // Runs a write: in the open transaction, or in one of its own that is
     // committed before this returns.
-    [[nodiscard]] PgResult write(const std::string& sql, const PgParameters& parameters,
-                                 const std::string& reportAs);
+    [[nodiscard]] PgResult write(const std::string& sql, const PgParameters& parameters, const std::string& reportAs);
     // The table `name` names (as a statement writes it), or nothing.
     [[nodiscard]] std::shared_ptr<const PgTable> findTable(const std::string& name);
     // The name of the table of oid `oid` as the server keeps it; empty when
@@ -150,7 +148,7 @@ private:
     PGconn* session_ = nullptr;
     pid_t owner_ = 0; // the process that opened the session
     Transaction transaction_ = Transaction::None;
-    bool held_ = false;   // holdTransaction is in force
+    bool held_ = false; // holdTransaction is in force
     bool nested_ = false; // a savepoint of the held transaction is open
     std::chrono::milliseconds timeLimit_ = DefaultStatementTimeLimit;
     std::map<std::uint32_t, std::string> tableNames_; // oid -> name, for result columns

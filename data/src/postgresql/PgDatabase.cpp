@@ -4,7 +4,8 @@
 
 namespace avlor {
 
-std::shared_ptr<PgConnection> createPgPracticeDatabase(const std::string& location) {
+std::shared_ptr<PgConnection> createPgPracticeDatabase(const std::string& location)
+{
     std::shared_ptr<PgConnection> connection = PgConnection::connect(location);
     connection->installSchema();
     return connection;

@@ -7,7 +7,8 @@ namespace avlor {
 
 namespace {
 
-int hexValue(char c) {
+int hexValue(char c)
+{
     if (c >= '0' && c <= '9') {
         return c - '0';
     }
@@ -21,11 +22,11 @@ int hexValue(char c) {
 }
 
 // Decodes the escapes that are well formed and keeps the rest as written.
-std::string leniently(std::string_view text) {
+std::string leniently(std::string_view text)
+{
     std::string out;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '%' && i + 2 < text.size() && hexValue(text[i + 1]) >= 0 &&
-            hexValue(text[i + 2]) >= 0) {
+        if (text[i] == '%' && i + 2 < text.size() && hexValue(text[i + 1]) >= 0 && hexValue(text[i + 2]) >= 0) {
             out += static_cast<char>(hexValue(text[i + 1]) * 16 + hexValue(text[i + 2]));
             i += 2;
         } else {
@@ -39,7 +40,8 @@ std::string leniently(std::string_view text) {
 // the first ':' up to the last '@' of the authority, and each "password="
 // parameter, each as written and decoded; pieces of each around its '%', '@', ':' too,
 // since libpq may quote the part of a token up to a bad escape.
-std::vector<std::string> passwordForms(std::string_view location) {
+std::vector<std::string> passwordForms(std::string_view location)
+{
     std::vector<std::string> raw;
     const std::size_t scheme = location.find("://");
     if (scheme == std::string_view::npos) {
@@ -80,11 +82,13 @@ std::vector<std::string> passwordForms(std::string_view location) {
 
 } // namespace
 
-std::string withoutPgPassword(std::string message, std::string_view location) {
+std::string withoutPgPassword(std::string message, std::string_view location)
+{
     std::vector<std::string> forms = passwordForms(location);
     // The longest first, so that a piece never leaves the rest of a longer
     // form behind.
-    std::sort(forms.begin(), forms.end(), [](const std::string& a, const std::string& b) { return a.size() > b.size(); });
+    std::sort(forms.begin(), forms.end(),
+              [](const std::string& a, const std::string& b) { return a.size() > b.size(); });
     for (const std::string& form : forms) {
         if (form.size() < 3) {
             continue; // too short to be told from the message's own words
@@ -97,11 +101,13 @@ std::string withoutPgPassword(std::string message, std::string_view location) {
     return message;
 }
 
-bool isPgLocation(std::string_view location) noexcept {
+bool isPgLocation(std::string_view location) noexcept
+{
     return location.starts_with("postgresql://") || location.starts_with("postgres://");
 }
 
-std::string shownPgLocation(std::string_view location) {
+std::string shownPgLocation(std::string_view location)
+{
     std::string shown(location);
     const std::size_t scheme = shown.find("://");
     if (scheme == std::string::npos) {

@@ -14,14 +14,16 @@ constexpr const char* RowAlias = "avlor_riga";
 
 std::string parameter(std::size_t number) { return "$" + std::to_string(number); }
 
-std::string qualified(const std::string& qualifier, const std::string& column) {
+std::string qualified(const std::string& qualifier, const std::string& column)
+{
     return qualifier + "." + Dialect::quoteIdentifier(column);
 }
 
 // The field name as the application sees it: a column of a schema table in
 // the schema's spelling, an alias or an expression as the statement writes
 // it, anything else as the server reports it.
-std::string fieldName(const std::string& reported, const std::string& table, const std::string& statementText) {
+std::string fieldName(const std::string& reported, const std::string& table, const std::string& statementText)
+{
     if (!table.empty() && schemaHasColumn(table, reported)) {
         return spelledColumn(table, reported);
     }
@@ -31,7 +33,8 @@ std::string fieldName(const std::string& reported, const std::string& table, con
     return reported;
 }
 
-std::string text(const PGresult* result, int row, int column) {
+std::string text(const PGresult* result, int row, int column)
+{
     return std::string(PQgetvalue(result, row, column), static_cast<std::size_t>(PQgetlength(result, row, column)));
 }
 
@@ -39,7 +42,8 @@ std::string text(const PGresult* result, int row, int column) {
 
 PgRowSource::PgRowSource(std::shared_ptr<PgConnection> connection, std::string source, const std::string& sql,
                          bool editable, bool deferred)
-    : connection_(std::move(connection)), source_(std::move(source)) {
+    : connection_(std::move(connection)), source_(std::move(source))
+{
     requirePgQuery(sql, source_);
     if (editable && tryKeyedForm(sql, deferred)) {
         return;
@@ -59,7 +63,8 @@ PgRowSource::PgRowSource(std::shared_ptr<PgConnection> connection, std::string s
     }
 }
 
-bool PgRowSource::tryKeyedForm(const std::string& sql, bool deferred) {
+bool PgRowSource::tryKeyedForm(const std::string& sql, bool deferred)
+{
     const auto shape = singleTableQuery(sql, whyNotUpdatable_);
     if (!shape) {
         return false;
@@ -99,7 +104,8 @@ bool PgRowSource::tryKeyedForm(const std::string& sql, bool deferred) {
     return true;
 }
 
-bool PgRowSource::readShape(const PGresult* result, int first) {
+bool PgRowSource::readShape(const PGresult* result, int first)
+{
     const int count = PQnfields(result);
     names_.clear();
     kinds_.clear();
@@ -128,7 +134,8 @@ bool PgRowSource::readShape(const PGresult* result, int first) {
     return oneTable;
 }
 
-std::vector<Value> PgRowSource::readRow(const PGresult* result, int row, int first) const {
+std::vector<Value> PgRowSource::readRow(const PGresult* result, int row, int first) const
+{
     if (PQnfields(result) != first + static_cast<int>(names_.size())) {
         throw DataError("The statement's columns changed since it was opened", source_);
     }
@@ -147,7 +154,8 @@ std::vector<Value> PgRowSource::readRow(const PGresult* result, int row, int fir
     return values;
 }
 
-PgRowSource::Identity PgRowSource::identityOf(const PGresult* result, int row) const {
+PgRowSource::Identity PgRowSource::identityOf(const PGresult* result, int row) const
+{
     Identity identity;
     for (int column = 0; column < identityWidth_; ++column) {
         identity.push_back(text(result, row, column));
@@ -155,7 +163,8 @@ PgRowSource::Identity PgRowSource::identityOf(const PGresult* result, int row) c
     return identity;
 }
 
-std::string PgRowSource::tokenFor(const Identity& identity) {
+std::string PgRowSource::tokenFor(const Identity& identity)
+{
     if (const auto known = tokens_.find(identity); known != tokens_.end()) {
         return known->second;
     }
@@ -175,7 +184,8 @@ std::string PgRowSource::tokenFor(const Identity& identity) {
     return token;
 }
 
-const PgRowSource::Identity& PgRowSource::identityFor(const std::string& token) const {
+const PgRowSource::Identity& PgRowSource::identityFor(const std::string& token) const
+{
     const auto found = identities_.find(token);
     if (found == identities_.end()) {
         throw DataError("The row is not one of this record set", source_);
@@ -183,13 +193,15 @@ const PgRowSource::Identity& PgRowSource::identityFor(const std::string& token) 
     return found->second;
 }
 
-void PgRowSource::moveIdentity(const std::string& token, Identity identity) {
+void PgRowSource::moveIdentity(const std::string& token, Identity identity)
+{
     tokens_.erase(identities_.at(token));
     tokens_[identity] = token;
     identities_[token] = std::move(identity);
 }
 
-std::vector<FetchedRow> PgRowSource::fetch() {
+std::vector<FetchedRow> PgRowSource::fetch()
+{
     PgResult result = opened_ ? std::move(opened_) : connection_->query(sql_, {}, source_);
     const bool updatable = whyNotUpdatable_.empty();
     std::vector<FetchedRow> rows;
@@ -206,9 +218,13 @@ std::vector<FetchedRow> PgRowSource::fetch() {
     return rows;
 }
 
-Value PgRowSource::normalise(std::size_t field, const Value& value) const { return normaliseForPg(kinds_.at(field), value); }
+Value PgRowSource::normalise(std::size_t field, const Value& value) const
+{
+    return normaliseForPg(kinds_.at(field), value);
+}
 
-std::vector<std::string> PgRowSource::identityColumns(const std::string& qualifier) const {
+std::vector<std::string> PgRowSource::identityColumns(const std::string& qualifier) const
+{
     if (keyless()) {
         return {qualifier + ".ctid", "ROW(" + qualifier + ".*)::text"};
     }
@@ -219,12 +235,12 @@ std::vector<std::string> PgRowSource::identityColumns(const std::string& qualifi
     return columns;
 }
 
-std::string PgRowSource::identityCondition(const Identity& identity, std::size_t first,
-                                           PgParameters& parameters) const {
+std::string PgRowSource::identityCondition(const Identity& identity, std::size_t first, PgParameters& parameters) const
+{
     std::string condition = " WHERE ";
     if (keyless()) {
         condition += std::string(RowAlias) + ".ctid = " + parameter(first) + "::tid AND ROW(" + RowAlias +
-                     ".*)::text = " + parameter(first + 1);
+            ".*)::text = " + parameter(first + 1);
     } else {
         for (std::size_t i = 0; i < table_->key.size(); ++i) {
             condition += i == 0 ? "" : " AND ";
@@ -235,7 +251,8 @@ std::string PgRowSource::identityCondition(const Identity& identity, std::size_t
     return condition;
 }
 
-std::string PgRowSource::returningList() const {
+std::string PgRowSource::returningList() const
+{
     std::string list = " RETURNING ";
     for (const std::string& column : identityColumns(RowAlias)) {
         list += column;
@@ -248,7 +265,8 @@ std::string PgRowSource::returningList() const {
     return list;
 }
 
-FetchedRow PgRowSource::insert(const FieldChanges& changes) {
+FetchedRow PgRowSource::insert(const FieldChanges& changes)
+{
     std::string sql = "INSERT INTO " + table_->reference + " AS " + RowAlias;
     PgParameters parameters;
     if (changes.empty()) {
@@ -274,7 +292,8 @@ FetchedRow PgRowSource::insert(const FieldChanges& changes) {
     return FetchedRow{tokenFor(identityOf(result.get(), 0)), readRow(result.get(), 0, identityWidth_)};
 }
 
-void PgRowSource::update(const std::string& key, const FieldChanges& changes) {
+void PgRowSource::update(const std::string& key, const FieldChanges& changes)
+{
     if (changes.empty()) {
         return;
     }
@@ -301,7 +320,8 @@ void PgRowSource::update(const std::string& key, const FieldChanges& changes) {
     moveIdentity(key, identityOf(result.get(), 0));
 }
 
-void PgRowSource::remove(const std::string& key) {
+void PgRowSource::remove(const std::string& key)
+{
     PgParameters parameters;
     std::string sql = "DELETE FROM " + table_->reference + " AS " + RowAlias;
     sql += identityCondition(identityFor(key), 1, parameters);

@@ -69,8 +69,8 @@ private:
     [[nodiscard]] bool keyless() const { return table_->key.empty(); }
 
     std::shared_ptr<PgConnection> connection_;
-    std::string source_;   // as the application wrote it
-    std::string sql_;      // the statement run (with the identity when keyed)
+    std::string source_; // as the application wrote it
+    std::string sql_; // the statement run (with the identity when keyed)
     int identityWidth_ = 0; // leading columns that hold the identity
     std::vector<std::string> names_;
     std::vector<PgKind> kinds_;
@@ -79,7 +79,7 @@ private:
     std::string whyNotUpdatable_;
     PgResult opened_; // the rows read when the record set was opened
     std::map<std::string, Identity> identities_; // token -> identity now
-    std::map<Identity, std::string> tokens_;     // identity now -> token
+    std::map<Identity, std::string> tokens_; // identity now -> token
 };
 
 } // namespace avlor

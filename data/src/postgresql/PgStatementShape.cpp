@@ -10,29 +10,34 @@ namespace avlor {
 
 namespace {
 
-bool isName(const std::vector<SqlToken>& tokens, std::size_t i) {
+bool isName(const std::vector<SqlToken>& tokens, std::size_t i)
+{
     return i < tokens.size() && (tokens[i].kind == SqlTokenKind::Word || tokens[i].kind == SqlTokenKind::QuotedName);
 }
 
 // Words that end a table reference instead of naming its alias.
-bool endsTableReference(const SqlToken& token) {
-    return isAnyKeyword(token, {"WHERE", "ORDER", "GROUP", "HAVING", "LIMIT", "OFFSET", "FETCH", "FOR", "WINDOW",
-                                "UNION", "INTERSECT", "EXCEPT", "JOIN", "INNER", "LEFT", "RIGHT", "FULL", "CROSS",
-                                "NATURAL", "ON", "USING", "TABLESAMPLE"});
+bool endsTableReference(const SqlToken& token)
+{
+    return isAnyKeyword(token, {"WHERE",  "ORDER", "GROUP",     "HAVING", "LIMIT", "OFFSET",     "FETCH", "FOR",
+                                "WINDOW", "UNION", "INTERSECT", "EXCEPT", "JOIN",  "INNER",      "LEFT",  "RIGHT",
+                                "FULL",   "CROSS", "NATURAL",   "ON",     "USING", "TABLESAMPLE"});
 }
 
-bool joinsAnotherTable(const std::vector<SqlToken>& tokens, std::size_t i) {
+bool joinsAnotherTable(const std::vector<SqlToken>& tokens, std::size_t i)
+{
     return isSymbol(tokens, i, ',') ||
-           (i < tokens.size() && isAnyKeyword(tokens[i], {"JOIN", "INNER", "LEFT", "RIGHT", "FULL", "CROSS", "NATURAL"}));
+        (i < tokens.size() && isAnyKeyword(tokens[i], {"JOIN", "INNER", "LEFT", "RIGHT", "FULL", "CROSS", "NATURAL"}));
 }
 
-[[noreturn]] void notAQuery(const std::string& reportAs) {
+[[noreturn]] void notAQuery(const std::string& reportAs)
+{
     throw DataError("Not a query: only a SELECT statement or a table name can be opened", reportAs);
 }
 
 } // namespace
 
-void requirePgQuery(std::string_view sql, const std::string& reportAs) {
+void requirePgQuery(std::string_view sql, const std::string& reportAs)
+{
     const std::vector<SqlToken> tokens = lexSql(sql);
     std::size_t first = nextMeaningful(tokens, 0);
     while (isSymbol(tokens, first, '(')) {
@@ -65,17 +70,19 @@ void requirePgQuery(std::string_view sql, const std::string& reportAs) {
     // SHOW), would change or reveal the session the layer relies on. A word
     // that starts no command at all is left to the server, whose syntax
     // error says more.
-    if (isAnyKeyword(head, {"ABORT", "ALTER", "ANALYZE", "BEGIN", "CALL", "CHECKPOINT", "CLOSE", "CLUSTER",
-                            "COMMENT", "COMMIT", "COPY", "CREATE", "DEALLOCATE", "DECLARE", "DELETE", "DISCARD", "DO",
-                            "DROP", "END", "EXECUTE", "EXPLAIN", "FETCH", "GRANT", "IMPORT", "INSERT", "LISTEN",
-                            "LOAD", "LOCK", "MERGE", "MOVE", "NOTIFY", "PREPARE", "REASSIGN", "REFRESH", "REINDEX",
-                            "RELEASE", "RESET", "REVOKE", "ROLLBACK", "SAVEPOINT", "SECURITY", "SET", "SHOW", "START",
-                            "TRUNCATE", "UNLISTEN", "UPDATE", "VACUUM"})) {
+    if (isAnyKeyword(head,
+                     {"ABORT",    "ALTER",   "ANALYZE", "BEGIN",   "CALL",       "CHECKPOINT", "CLOSE",    "CLUSTER",
+                      "COMMENT",  "COMMIT",  "COPY",    "CREATE",  "DEALLOCATE", "DECLARE",    "DELETE",   "DISCARD",
+                      "DO",       "DROP",    "END",     "EXECUTE", "EXPLAIN",    "FETCH",      "GRANT",    "IMPORT",
+                      "INSERT",   "LISTEN",  "LOAD",    "LOCK",    "MERGE",      "MOVE",       "NOTIFY",   "PREPARE",
+                      "REASSIGN", "REFRESH", "REINDEX", "RELEASE", "RESET",      "REVOKE",     "ROLLBACK", "SAVEPOINT",
+                      "SECURITY", "SET",     "SHOW",    "START",   "TRUNCATE",   "UNLISTEN",   "UPDATE",   "VACUUM"})) {
         notAQuery(reportAs);
     }
 }
 
-bool isTransactionCommand(std::string_view sql) {
+bool isTransactionCommand(std::string_view sql)
+{
     const std::vector<SqlToken> tokens = lexSql(sql);
     const std::size_t first = nextMeaningful(tokens, 0);
     if (first == tokens.size()) {
@@ -89,7 +96,8 @@ bool isTransactionCommand(std::string_view sql) {
                         {"BEGIN", "START", "COMMIT", "END", "ROLLBACK", "ABORT", "SAVEPOINT", "RELEASE"});
 }
 
-std::optional<SingleTableQuery> singleTableQuery(std::string_view sql, std::string& whyNot) {
+std::optional<SingleTableQuery> singleTableQuery(std::string_view sql, std::string& whyNot)
+{
     const std::vector<SqlToken> tokens = lexSql(sql);
     const std::size_t select = nextMeaningful(tokens, 0);
     if (select == tokens.size() || !isKeyword(tokens[select], "SELECT")) {
@@ -124,7 +132,8 @@ std::optional<SingleTableQuery> singleTableQuery(std::string_view sql, std::stri
     }
     whyNot = "its columns do not all come from one table";
     std::size_t i = nextMeaningful(tokens, from + 1);
-    if (from == tokens.size() || !isName(tokens, i) || isKeyword(tokens[i], "ONLY") || isKeyword(tokens[i], "LATERAL")) {
+    if (from == tokens.size() || !isName(tokens, i) || isKeyword(tokens[i], "ONLY") ||
+        isKeyword(tokens[i], "LATERAL")) {
         return std::nullopt;
     }
     SingleTableQuery shape;
@@ -164,7 +173,8 @@ std::optional<SingleTableQuery> singleTableQuery(std::string_view sql, std::stri
 }
 
 std::string withLeadingColumns(std::string_view sql, const SingleTableQuery& shape,
-                               const std::vector<std::string>& columns) {
+                               const std::vector<std::string>& columns)
+{
     std::string result(sql.substr(0, shape.columnsAt));
     result += ' ';
     for (const std::string& column : columns) {
@@ -175,7 +185,8 @@ std::string withLeadingColumns(std::string_view sql, const SingleTableQuery& sha
     return result;
 }
 
-std::optional<std::string> spellingInStatement(std::string_view sql, std::string_view name) {
+std::optional<std::string> spellingInStatement(std::string_view sql, std::string_view name)
+{
     for (const SqlToken& token : lexSql(sql)) {
         if (token.kind == SqlTokenKind::Word && isKeyword(token, name)) {
             return std::string(token.text);

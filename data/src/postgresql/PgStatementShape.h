@@ -28,9 +28,9 @@ void requirePgQuery(std::string_view sql, const std::string& reportAs);
 // alias] followed by no other table (no ',' or JOIN) and no DISTINCT, GROUP
 // BY or compound query at the top level.
 struct SingleTableQuery {
-    std::string table;      // the table as written ("Azioni", "public.azioni")
-    std::string qualifier;  // the alias, or the table as written
-    std::size_t columnsAt;  // offset just after SELECT [ALL]
+    std::string table; // the table as written ("Azioni", "public.azioni")
+    std::string qualifier; // the alias, or the table as written
+    std::size_t columnsAt; // offset just after SELECT [ALL]
 };
 
 // The shape of `sql`, or nothing with the reason in `whyNot`.

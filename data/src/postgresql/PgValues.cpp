@@ -6,9 +6,9 @@
 #include <limits>
 #include <system_error>
 
+#include "StoredValues.h"
 #include "avlor/core/Error.h"
 #include "avlor/core/Locale.h"
-#include "StoredValues.h"
 #include "avlor/data/DataError.h"
 
 namespace avlor {
@@ -30,20 +30,23 @@ constexpr std::uint32_t NumericOid = 1700;
 // NUMERIC(p,s) keeps ((p << 16) | s) + 4 as its modifier; -1 when unset.
 constexpr int VarHeaderSize = 4;
 
-[[noreturn]] void badText(std::string_view column, std::string_view text, std::string_view expected) {
+[[noreturn]] void badText(std::string_view column, std::string_view text, std::string_view expected)
+{
     throw DataError("Column '" + std::string(column) + "' holds '" + std::string(text) + "', which is not " +
                     std::string(expected));
 }
 
 // A whole number as Long when it fits in 32 bits, else as Double.
-Value wholeNumber(std::int64_t number) {
+Value wholeNumber(std::int64_t number)
+{
     if (number >= std::numeric_limits<std::int32_t>::min() && number <= std::numeric_limits<std::int32_t>::max()) {
         return Value::longValue(static_cast<std::int32_t>(number));
     }
     return Value::dbl(static_cast<double>(number));
 }
 
-std::optional<std::int64_t> wholeText(std::string_view text) {
+std::optional<std::int64_t> wholeText(std::string_view text)
+{
     std::int64_t number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error != std::errc() || end != text.data() + text.size()) {
@@ -54,7 +57,8 @@ std::optional<std::int64_t> wholeText(std::string_view text) {
 
 // The server's text of a float8 or numeric: digits, "NaN", "Infinity",
 // "-Infinity" (strtod reads them all).
-double doubleText(std::string_view text, std::string_view column) {
+double doubleText(std::string_view text, std::string_view column)
+{
     const std::string copy(text);
     char* end = nullptr;
     const double number = std::strtod(copy.c_str(), &end);
@@ -64,7 +68,8 @@ double doubleText(std::string_view text, std::string_view column) {
     return number;
 }
 
-Value currencyText(std::string_view text, std::string_view column) {
+Value currencyText(std::string_view text, std::string_view column)
+{
     try {
         return Value::currency(Currency::fromText(text));
     } catch (const ValueError&) {
@@ -73,7 +78,8 @@ Value currencyText(std::string_view text, std::string_view column) {
 }
 
 // An unconstrained NUMERIC (an expression) by what it shows.
-Value decimalText(std::string_view text, std::string_view column) {
+Value decimalText(std::string_view text, std::string_view column)
+{
     const std::size_t point = text.find('.');
     if (point == std::string_view::npos) {
         if (const auto whole = wholeText(text)) {
@@ -92,14 +98,16 @@ Value decimalText(std::string_view text, std::string_view column) {
 }
 
 // The ISO date at the start of a DATE or timestamp text.
-Value dateText(std::string_view text, std::string_view column) {
+Value dateText(std::string_view text, std::string_view column)
+{
     if (const auto date = Date::parseIso(text.substr(0, 10)); date && (text.size() == 10 || text[10] == ' ')) {
         return Value::date(*date);
     }
     badText(column, text, "a date the application can hold");
 }
 
-std::string doubleParameter(double number, bool whole) {
+std::string doubleParameter(double number, bool whole)
+{
     if (std::isnan(number)) {
         return "NaN";
     }
@@ -114,7 +122,8 @@ std::string doubleParameter(double number, bool whole) {
 
 } // namespace
 
-PgKind pgKind(std::uint32_t typeOid, int typeModifier) noexcept {
+PgKind pgKind(std::uint32_t typeOid, int typeModifier) noexcept
+{
     switch (typeOid) {
     case BoolOid:
         return PgKind::Boolean;
@@ -141,7 +150,8 @@ PgKind pgKind(std::uint32_t typeOid, int typeModifier) noexcept {
     }
 }
 
-Value readPgValue(PgKind kind, std::string_view text, std::string_view column) {
+Value readPgValue(PgKind kind, std::string_view text, std::string_view column)
+{
     switch (kind) {
     case PgKind::Boolean:
         if (text == "t") {
@@ -172,7 +182,8 @@ Value readPgValue(PgKind kind, std::string_view text, std::string_view column) {
     return Value::text(std::string(text));
 }
 
-Value normaliseForPg(PgKind kind, const Value& value) {
+Value normaliseForPg(PgKind kind, const Value& value)
+{
     if (value.isNull() || value.isEmpty()) {
         return Value::null();
     }
@@ -196,7 +207,8 @@ Value normaliseForPg(PgKind kind, const Value& value) {
     return Value::text(value.toText(Locale::neutral()));
 }
 
-std::optional<std::string> pgParameter(PgKind kind, const Value& value) {
+std::optional<std::string> pgParameter(PgKind kind, const Value& value)
+{
     switch (value.kind()) {
     case ValueKind::Empty:
     case ValueKind::Null:

@@ -2,12 +2,14 @@
 
 namespace avlor {
 
-const PostgresqlDialect& PostgresqlDialect::instance() {
+const PostgresqlDialect& PostgresqlDialect::instance()
+{
     static const PostgresqlDialect dialect;
     return dialect;
 }
 
-std::string PostgresqlDialect::dateLiteral(Date date) const {
+std::string PostgresqlDialect::dateLiteral(Date date) const
+{
     std::string literal = "DATE '";
     literal += date.toIso();
     literal += '\'';

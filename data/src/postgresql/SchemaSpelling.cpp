@@ -12,7 +12,8 @@ namespace avlor {
 
 namespace {
 
-std::string lower(std::string_view text) {
+std::string lower(std::string_view text)
+{
     std::string result(text);
     std::transform(result.begin(), result.end(), result.begin(),
                    [](char c) { return static_cast<char>(std::tolower(static_cast<unsigned char>(c))); });
@@ -27,7 +28,8 @@ struct TableSpelling {
 using Spellings = std::map<std::string, TableSpelling>; // lower case table -> spelling
 
 // A table constraint, not a column, where a column definition could start.
-bool startsConstraint(const SqlToken& token) {
+bool startsConstraint(const SqlToken& token)
+{
     for (const char* keyword : {"CONSTRAINT", "PRIMARY", "UNIQUE", "CHECK", "FOREIGN", "EXCLUDE", "LIKE"}) {
         if (isKeyword(token, keyword)) {
             return true;
@@ -37,7 +39,8 @@ bool startsConstraint(const SqlToken& token) {
 }
 
 // The column definitions of the CREATE TABLE whose '(' is at `open`.
-void readColumns(const std::vector<SqlToken>& tokens, std::size_t open, TableSpelling& table) {
+void readColumns(const std::vector<SqlToken>& tokens, std::size_t open, TableSpelling& table)
+{
     const int inside = tokens[open].depth + 1;
     bool columnStarts = true;
     for (std::size_t i = open + 1; i < tokens.size(); ++i) {
@@ -59,7 +62,8 @@ void readColumns(const std::vector<SqlToken>& tokens, std::size_t open, TableSpe
     }
 }
 
-Spellings readSpellings() {
+Spellings readSpellings()
+{
     Spellings spellings;
     for (const SchemaScript& script : schemaScripts("postgresql")) {
         const std::vector<SqlToken> tokens = lexSql(script.sql);
@@ -84,24 +88,28 @@ Spellings readSpellings() {
     return spellings;
 }
 
-const Spellings& spellings() {
+const Spellings& spellings()
+{
     static const Spellings all = readSpellings();
     return all;
 }
 
-const TableSpelling* findTable(std::string_view table) {
+const TableSpelling* findTable(std::string_view table)
+{
     const auto found = spellings().find(lower(table));
     return found == spellings().end() ? nullptr : &found->second;
 }
 
 } // namespace
 
-std::string spelledTable(std::string_view table) {
+std::string spelledTable(std::string_view table)
+{
     const TableSpelling* known = findTable(table);
     return known != nullptr ? known->name : std::string(table);
 }
 
-std::string spelledColumn(std::string_view table, std::string_view column) {
+std::string spelledColumn(std::string_view table, std::string_view column)
+{
     if (const TableSpelling* known = findTable(table)) {
         if (const auto found = known->columns.find(lower(column)); found != known->columns.end()) {
             return found->second;
@@ -110,7 +118,8 @@ std::string spelledColumn(std::string_view table, std::string_view column) {
     return std::string(column);
 }
 
-bool schemaHasColumn(std::string_view table, std::string_view column) {
+bool schemaHasColumn(std::string_view table, std::string_view column)
+{
     const TableSpelling* known = findTable(table);
     return known != nullptr && known->columns.count(lower(column)) != 0;
 }

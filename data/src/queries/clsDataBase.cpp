@@ -2,12 +2,13 @@
 
 #include <cstdint>
 
-#include "avlor/data/clsAccessoDati.h"
 #include "avlor/core/ErrorTrap.h"
+#include "avlor/data/clsAccessoDati.h"
 
 namespace avlor {
 
-Value clsDataBase::VersioneMdb() const {
+Value clsDataBase::VersioneMdb() const
+{
     return withFallback(Value(std::int32_t{-1}), [] {
         clsAccessoDati dati;
         dati.Apri("Versioni", adOpenForwardOnly, adLockReadOnly, adCmdUnspecified);

@@ -4,7 +4,8 @@
 
 namespace avlor {
 
-Value clsFatture::GetResiduoFattura(const Value& avIdFattura) const {
+Value clsFatture::GetResiduoFattura(const Value& avIdFattura) const
+{
     // The closing "));" is part of the statement as it has always been sent.
     return clsValoreSql::instance().ValoreSql(
         "SELECT Fatture.ResiduoASaldo From Fatture WHERE (((Fatture.ID_Fattura)=" + avIdFattura.toText() + "));");

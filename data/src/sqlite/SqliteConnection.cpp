@@ -10,7 +10,8 @@
 
 namespace avlor {
 
-std::shared_ptr<SqliteConnection> SqliteConnection::connect(const std::string& location) {
+std::shared_ptr<SqliteConnection> SqliteConnection::connect(const std::string& location)
+{
     // A file this user may only read, with no program writing it, is read as
     // an immutable file: reading it then leaves no -wal or -shm file beside
     // it, and works in a folder this user cannot write either.
@@ -22,8 +23,8 @@ std::shared_ptr<SqliteConnection> SqliteConnection::connect(const std::string& l
     // Never SQLITE_OPEN_CREATE: a mistyped location must fail, not leave an
     // empty database behind. New databases are made by
     // createPracticeDatabase.
-    const int rc = sqlite3_open_v2(opened.c_str(), &raw,
-                                   SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI | SQLITE_OPEN_EXRESCODE, nullptr);
+    const int rc =
+        sqlite3_open_v2(opened.c_str(), &raw, SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI | SQLITE_OPEN_EXRESCODE, nullptr);
     std::unique_ptr<sqlite3, Closer> db(raw);
     if (rc != SQLITE_OK) {
         raiseSqliteError(db.get(), rc, location);
@@ -42,21 +43,26 @@ std::shared_ptr<SqliteConnection> SqliteConnection::connect(const std::string& l
 }
 
 SqliteConnection::SqliteConnection(std::string location, std::unique_ptr<sqlite3, Closer> db)
-    : location_(std::move(location)), db_(std::move(db)) {}
+    : location_(std::move(location)), db_(std::move(db))
+{
+}
 
 SqliteConnection::~SqliteConnection() { statements_.clear(); }
 
 const Dialect& SqliteConnection::dialect() const { return SqliteDialect::instance(); }
 
-SqliteStatementCache::Lease SqliteConnection::prepare(const std::string& sql, const std::string& reportAs) {
+SqliteStatementCache::Lease SqliteConnection::prepare(const std::string& sql, const std::string& reportAs)
+{
     return statements_.acquire(db_.get(), sql, reportAs);
 }
 
-int SqliteConnection::pastDeadline(void* connection) noexcept {
+int SqliteConnection::pastDeadline(void* connection) noexcept
+{
     return std::chrono::steady_clock::now() > static_cast<SqliteConnection*>(connection)->deadline_ ? 1 : 0;
 }
 
-bool SqliteConnection::step(sqlite3_stmt* statement, const std::string& reportAs) {
+bool SqliteConnection::step(sqlite3_stmt* statement, const std::string& reportAs)
+{
     startClock();
     const int rc = sqlite3_step(statement);
     if (rc == SQLITE_ROW) {
@@ -73,7 +79,8 @@ bool SqliteConnection::step(sqlite3_stmt* statement, const std::string& reportAs
     raiseSqliteError(db_.get(), rc, reportAs);
 }
 
-void SqliteConnection::execute(const std::string& sql, const std::string& reportAs) {
+void SqliteConnection::execute(const std::string& sql, const std::string& reportAs)
+{
     char* message = nullptr;
     startClock();
     const int rc = sqlite3_exec(db_.get(), sql.c_str(), nullptr, nullptr, &message);
@@ -94,7 +101,8 @@ void SqliteConnection::execute(const std::string& sql, const std::string& report
     }
 }
 
-std::shared_ptr<RecordSet> SqliteConnection::open(const std::string& source, bool editable) {
+std::shared_ptr<RecordSet> SqliteConnection::open(const std::string& source, bool editable)
+{
     const bool wholeTable = Dialect::isBareTableName(source);
     auto rows = std::make_unique<SqliteRowSource>(shared_from_this(), source, dialect().translate(source), editable);
     // A whole table opened to add rows is read only if its rows are needed.
@@ -103,7 +111,8 @@ std::shared_ptr<RecordSet> SqliteConnection::open(const std::string& source, boo
         std::move(rows), editable ? BufferedRecordSet::Mode::Editable : BufferedRecordSet::Mode::ReadOnly, fetch);
 }
 
-Value SqliteConnection::singleValue(const std::string& statement) {
+Value SqliteConnection::singleValue(const std::string& statement)
+{
     const std::string sql = dialect().translate(statement);
     const SqliteStatementCache::Lease lease = prepare(sql, statement);
     if (sqlite3_column_count(lease.get()) == 0 || sqlite3_stmt_readonly(lease.get()) == 0) {
@@ -121,7 +130,8 @@ Value SqliteConnection::singleValue(const std::string& statement) {
     }
 }
 
-void SqliteConnection::executeScript(const std::string& script) {
+void SqliteConnection::executeScript(const std::string& script)
+{
     const std::vector<std::string> statements = Dialect::splitScript(script);
     // Inside an open transaction the script is a savepoint of it, so that a
     // failing script undoes itself and leaves the transaction to its owner.
@@ -130,13 +140,12 @@ void SqliteConnection::executeScript(const std::string& script) {
         for (const std::string& statement : statements) {
             const std::string sql = dialect().translate(statement);
             const SqliteStatementCache::StatementPtr prepared = prepareSqliteStatement(db_.get(), sql, 0, statement);
-            while (step(prepared.get(), statement)) {
-            }
+            while (step(prepared.get(), statement)) { }
         }
         execute(inTransaction_ ? "RELEASE avlor_script" : "COMMIT");
     } catch (...) {
-        sqlite3_exec(db_.get(), inTransaction_ ? "ROLLBACK TO avlor_script; RELEASE avlor_script" : "ROLLBACK",
-                     nullptr, nullptr, nullptr);
+        sqlite3_exec(db_.get(), inTransaction_ ? "ROLLBACK TO avlor_script; RELEASE avlor_script" : "ROLLBACK", nullptr,
+                     nullptr, nullptr);
         statements_.clear();
         throw;
     }
@@ -144,7 +153,8 @@ void SqliteConnection::executeScript(const std::string& script) {
     statements_.clear();
 }
 
-void SqliteConnection::beginTransaction() {
+void SqliteConnection::beginTransaction()
+{
     if (inTransaction_) {
         throw DataError("A transaction is already open on this connection", location_);
     }
@@ -152,7 +162,8 @@ void SqliteConnection::beginTransaction() {
     inTransaction_ = true;
 }
 
-void SqliteConnection::commitTransaction() {
+void SqliteConnection::commitTransaction()
+{
     if (!inTransaction_) {
         throw DataError("No transaction is open on this connection", location_);
     }
@@ -167,7 +178,8 @@ void SqliteConnection::commitTransaction() {
     }
 }
 
-void SqliteConnection::rollbackTransaction() noexcept {
+void SqliteConnection::rollbackTransaction() noexcept
+{
     if (!inTransaction_) {
         return;
     }
@@ -177,7 +189,8 @@ void SqliteConnection::rollbackTransaction() noexcept {
     sqlite3_exec(db_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
-std::vector<std::string> SqliteConnection::tableNames() {
+std::vector<std::string> SqliteConnection::tableNames()
+{
     const std::string sql =
         "SELECT name FROM sqlite_schema WHERE type = 'table' AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\' ORDER BY name";
     const SqliteStatementCache::Lease lease = prepare(sql);
@@ -188,7 +201,8 @@ std::vector<std::string> SqliteConnection::tableNames() {
     return names;
 }
 
-void SqliteConnection::installSchema() {
+void SqliteConnection::installSchema()
+{
     const std::vector<SchemaScript> scripts = schemaScripts(dialect().name());
     if (scripts.empty()) {
         throw DataError("No schema scripts are built into this library", location_);

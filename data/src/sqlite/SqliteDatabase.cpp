@@ -16,7 +16,8 @@ namespace avlor {
 
 namespace {
 
-int hexDigit(char c) {
+int hexDigit(char c)
+{
     if (c >= '0' && c <= '9') {
         return c - '0';
     }
@@ -29,7 +30,8 @@ int hexDigit(char c) {
     return -1;
 }
 
-std::string percentDecoded(std::string_view text) {
+std::string percentDecoded(std::string_view text)
+{
     std::string result;
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] == '%' && i + 2 < text.size() && hexDigit(text[i + 1]) >= 0 && hexDigit(text[i + 2]) >= 0) {
@@ -44,7 +46,8 @@ std::string percentDecoded(std::string_view text) {
 
 // Makes the file, failing if anything is there already: the test and the
 // creation are one step, so two processes cannot both create it.
-void createEmptyFile(const std::string& location, const std::filesystem::path& file) {
+void createEmptyFile(const std::string& location, const std::filesystem::path& file)
+{
     if (file.has_parent_path()) {
         std::error_code error;
         std::filesystem::create_directories(file.parent_path(), error);
@@ -65,14 +68,16 @@ void createEmptyFile(const std::string& location, const std::filesystem::path& f
 
 } // namespace
 
-void removeSqliteFiles(const std::filesystem::path& file) noexcept {
+void removeSqliteFiles(const std::filesystem::path& file) noexcept
+{
     std::error_code ignored;
     for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
         std::filesystem::remove(file.string() + suffix, ignored);
     }
 }
 
-SqliteLocation sqliteLocation(const std::string& location) {
+SqliteLocation sqliteLocation(const std::string& location)
+{
     SqliteLocation where;
     if (location.empty() || location == ":memory:") {
         where.inMemory = true;
@@ -98,7 +103,8 @@ SqliteLocation sqliteLocation(const std::string& location) {
     return where;
 }
 
-std::string immutableSqliteUri(const std::filesystem::path& file) {
+std::string immutableSqliteUri(const std::filesystem::path& file)
+{
     static const char* const hex = "0123456789ABCDEF";
     std::string uri = "file:";
     for (const char c : std::filesystem::absolute(file).string()) {
@@ -114,13 +120,15 @@ std::string immutableSqliteUri(const std::filesystem::path& file) {
     return uri + "?mode=ro&immutable=1";
 }
 
-bool readOnlyAndQuiet(const std::filesystem::path& file) {
+bool readOnlyAndQuiet(const std::filesystem::path& file)
+{
     std::error_code error;
     return ::access(file.c_str(), W_OK) != 0 && errno != ENOENT &&
-           !std::filesystem::exists(file.string() + "-wal", error);
+        !std::filesystem::exists(file.string() + "-wal", error);
 }
 
-std::shared_ptr<SqliteConnection> createSqlitePracticeDatabase(const std::string& location) {
+std::shared_ptr<SqliteConnection> createSqlitePracticeDatabase(const std::string& location)
+{
     const SqliteLocation where = sqliteLocation(location);
     if (!where.inMemory) {
         createEmptyFile(location, where.file);
@@ -151,12 +159,14 @@ std::shared_ptr<SqliteConnection> createSqlitePracticeDatabase(const std::string
     return connection;
 }
 
-std::string sqliteDatabaseFile(const std::string& location) {
+std::string sqliteDatabaseFile(const std::string& location)
+{
     const auto file = databaseFile(location);
     return file ? file->string() : std::string();
 }
 
-std::vector<std::string> sqliteCompanionFiles(const std::string& file) {
+std::vector<std::string> sqliteCompanionFiles(const std::string& file)
+{
     return {file + "-wal", file + "-shm", file + "-journal"};
 }
 

@@ -10,8 +10,8 @@ namespace avlor {
 class SqliteConnection;
 
 struct SqliteLocation {
-    bool inMemory = false;       // ":memory:", "file::memory:", mode=memory
-    std::filesystem::path file;  // the database file otherwise
+    bool inMemory = false; // ":memory:", "file::memory:", mode=memory
+    std::filesystem::path file; // the database file otherwise
 };
 
 // The file of a path or "file:" URI location (percent escapes decoded).

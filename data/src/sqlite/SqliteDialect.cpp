@@ -2,12 +2,14 @@
 
 namespace avlor {
 
-const SqliteDialect& SqliteDialect::instance() {
+const SqliteDialect& SqliteDialect::instance()
+{
     static const SqliteDialect dialect;
     return dialect;
 }
 
-std::string SqliteDialect::dateLiteral(Date date) const {
+std::string SqliteDialect::dateLiteral(Date date) const
+{
     // Appended piece by piece: GCC 12 at -O3 misreads "'" + text + "'" as an
     // overlapping copy (-Wrestrict).
     std::string literal(1, '\'');

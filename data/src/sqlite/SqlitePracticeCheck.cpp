@@ -21,7 +21,8 @@ struct Finalizer {
 // Opens the file only to read it. With no program writing it (no "-wal"
 // beside it) it is opened immutable, so that not even a shared-memory file
 // is left beside it; otherwise read-only, using the files the writer made.
-std::unique_ptr<sqlite3, Closer> openToLook(const std::filesystem::path& file, const std::string& location) {
+std::unique_ptr<sqlite3, Closer> openToLook(const std::filesystem::path& file, const std::string& location)
+{
     std::error_code error;
     const bool writerActive = std::filesystem::exists(file.string() + "-wal", error);
     const std::string name = writerActive ? file.string() : immutableSqliteUri(file);
@@ -37,7 +38,8 @@ std::unique_ptr<sqlite3, Closer> openToLook(const std::filesystem::path& file, c
 
 // The first column of the first row, as text; nothing when there is no row.
 // Raises DataError with SQLite's message when the statement fails.
-bool firstValue(sqlite3* db, const char* sql, std::string& value) {
+bool firstValue(sqlite3* db, const char* sql, std::string& value)
+{
     sqlite3_stmt* raw = nullptr;
     int rc = sqlite3_prepare_v2(db, sql, -1, &raw, nullptr);
     const std::unique_ptr<sqlite3_stmt, Finalizer> statement(raw);
@@ -57,7 +59,8 @@ bool firstValue(sqlite3* db, const char* sql, std::string& value) {
 
 } // namespace
 
-void requireSqlitePracticeDatabase(const std::string& location) {
+void requireSqlitePracticeDatabase(const std::string& location)
+{
     const std::string file = sqliteDatabaseFile(location);
     if (file.empty()) {
         return; // in memory: nothing on disk to look at
@@ -85,7 +88,8 @@ void requireSqlitePracticeDatabase(const std::string& location) {
             throw DataError("it holds no table Versioni");
         }
         if (!firstValue(db.get(), "SELECT Versione FROM Versioni", value)) {
-            throw DataError(location + " is an incomplete practice database: its creation never finished; remove it "
+            throw DataError(location +
+                            " is an incomplete practice database: its creation never finished; remove it "
                             "and run avlor db init again");
         }
     } catch (const DataError& e) {

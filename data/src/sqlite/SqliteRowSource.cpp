@@ -13,7 +13,8 @@ namespace {
 
 // `sql` with the row id added in front of its columns; or nothing, with the
 // reason, when its rows cannot be tied to table rows.
-std::optional<std::string> rowIdForm(const std::string& sql, std::string& reason) {
+std::optional<std::string> rowIdForm(const std::string& sql, std::string& reason)
+{
     const std::vector<SqlToken> tokens = lexSql(sql);
     const auto next = [&](std::size_t i) {
         while (i < tokens.size() && isFiller(tokens[i])) {
@@ -56,7 +57,8 @@ std::optional<std::string> rowIdForm(const std::string& sql, std::string& reason
     return keyed;
 }
 
-void requireQuery(sqlite3_stmt* statement, const std::string& sql) {
+void requireQuery(sqlite3_stmt* statement, const std::string& sql)
+{
     if (sqlite3_column_count(statement) == 0 || sqlite3_stmt_readonly(statement) == 0) {
         throw DataError("Not a query: only a SELECT statement or a table name can be opened", sql);
     }
@@ -65,7 +67,8 @@ void requireQuery(sqlite3_stmt* statement, const std::string& sql) {
 std::string text(const char* maybe) { return maybe == nullptr ? std::string() : std::string(maybe); }
 
 // The numbered parameter "?n".
-std::string parameter(std::size_t number) {
+std::string parameter(std::size_t number)
+{
     std::string name = "?";
     name += std::to_string(number);
     return name;
@@ -75,7 +78,8 @@ std::string parameter(std::size_t number) {
 
 SqliteRowSource::SqliteRowSource(std::shared_ptr<SqliteConnection> connection, std::string source,
                                  const std::string& sql, bool editable)
-    : connection_(std::move(connection)), source_(std::move(source)) {
+    : connection_(std::move(connection)), source_(std::move(source))
+{
     if (editable) {
         if (const auto keyed = rowIdForm(sql, whyNotUpdatable_); keyed && tryRowIdForm(*keyed)) {
             return;
@@ -92,7 +96,8 @@ SqliteRowSource::SqliteRowSource(std::shared_ptr<SqliteConnection> connection, s
     }
 }
 
-bool SqliteRowSource::tryRowIdForm(const std::string& sql) {
+bool SqliteRowSource::tryRowIdForm(const std::string& sql)
+{
     try {
         const SqliteStatementCache::Lease lease = connection_->prepare(sql);
         requireQuery(lease.get(), sql);
@@ -111,7 +116,8 @@ bool SqliteRowSource::tryRowIdForm(const std::string& sql) {
     return true;
 }
 
-bool SqliteRowSource::readShape(sqlite3_stmt* statement, int first) {
+bool SqliteRowSource::readShape(sqlite3_stmt* statement, int first)
+{
     const int count = sqlite3_column_count(statement);
     names_.clear();
     kinds_.clear();
@@ -126,7 +132,8 @@ bool SqliteRowSource::readShape(sqlite3_stmt* statement, int first) {
     return oneTable;
 }
 
-std::vector<Value> SqliteRowSource::readRow(sqlite3_stmt* statement, int first) const {
+std::vector<Value> SqliteRowSource::readRow(sqlite3_stmt* statement, int first) const
+{
     if (sqlite3_column_count(statement) != first + static_cast<int>(names_.size())) {
         throw DataError("The statement's columns changed since it was opened", source_);
     }
@@ -142,7 +149,8 @@ std::vector<Value> SqliteRowSource::readRow(sqlite3_stmt* statement, int first) 
     return values;
 }
 
-std::vector<FetchedRow> SqliteRowSource::fetch() {
+std::vector<FetchedRow> SqliteRowSource::fetch()
+{
     const SqliteStatementCache::Lease lease = connection_->prepare(sql_, source_);
     std::vector<FetchedRow> rows;
     while (connection_->step(lease.get(), source_)) {
@@ -156,13 +164,15 @@ std::vector<FetchedRow> SqliteRowSource::fetch() {
     return rows;
 }
 
-Value SqliteRowSource::normalise(std::size_t field, const Value& value) const {
+Value SqliteRowSource::normalise(std::size_t field, const Value& value) const
+{
     return normaliseForSqlite(kinds_.at(field), value);
 }
 
 std::string SqliteRowSource::quotedTable() const { return Dialect::quoteIdentifier(table_); }
 
-std::vector<Value> SqliteRowSource::reread(sqlite3_int64 rowId) {
+std::vector<Value> SqliteRowSource::reread(sqlite3_int64 rowId)
+{
     std::string sql = "SELECT ";
     for (std::size_t i = 0; i < origins_.size(); ++i) {
         sql += i == 0 ? "" : ", ";
@@ -179,7 +189,8 @@ std::vector<Value> SqliteRowSource::reread(sqlite3_int64 rowId) {
     return readRow(lease.get(), 0);
 }
 
-FetchedRow SqliteRowSource::insert(const FieldChanges& changes) {
+FetchedRow SqliteRowSource::insert(const FieldChanges& changes)
+{
     std::string sql = "INSERT INTO ";
     sql += quotedTable();
     if (changes.empty()) {
@@ -214,7 +225,8 @@ FetchedRow SqliteRowSource::insert(const FieldChanges& changes) {
     return FetchedRow{std::to_string(rowId), reread(rowId)};
 }
 
-void SqliteRowSource::update(const std::string& key, const FieldChanges& changes) {
+void SqliteRowSource::update(const std::string& key, const FieldChanges& changes)
+{
     if (changes.empty()) {
         return;
     }
@@ -244,7 +256,8 @@ void SqliteRowSource::update(const std::string& key, const FieldChanges& changes
     }
 }
 
-void SqliteRowSource::remove(const std::string& key) {
+void SqliteRowSource::remove(const std::string& key)
+{
     std::string sql = "DELETE FROM ";
     sql += quotedTable();
     sql += " WHERE rowid = ?1";

@@ -50,9 +50,9 @@ private:
     [[nodiscard]] std::string quotedTable() const;
 
     std::shared_ptr<SqliteConnection> connection_;
-    std::string source_;   // as the application wrote it
-    std::string sql_;      // the statement run (with the row id when keyed)
-    bool keyed_ = false;   // column 0 is the row id
+    std::string source_; // as the application wrote it
+    std::string sql_; // the statement run (with the row id when keyed)
+    bool keyed_ = false; // column 0 is the row id
     std::vector<std::string> names_;
     std::vector<SqliteColumnKind> kinds_;
     std::vector<std::string> origins_;

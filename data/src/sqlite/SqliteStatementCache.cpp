@@ -8,7 +8,8 @@
 
 namespace avlor {
 
-void raiseSqliteError(sqlite3* db, int rc, const std::string& sql) {
+void raiseSqliteError(sqlite3* db, int rc, const std::string& sql)
+{
     if ((rc & 0xFF) == SQLITE_INTERRUPT) {
         throw DataError("The statement ran longer than its time limit and was stopped", sql, std::to_string(rc));
     }
@@ -24,7 +25,8 @@ void raiseSqliteError(sqlite3* db, int rc, const std::string& sql) {
 }
 
 SqliteStatementCache::StatementPtr prepareSqliteStatement(sqlite3* db, const std::string& sql, unsigned int flags,
-                                                          const std::string& reportAs) {
+                                                          const std::string& reportAs)
+{
     const std::string& reported = reportAs.empty() ? sql : reportAs;
     sqlite3_stmt* raw = nullptr;
     const char* tail = nullptr;
@@ -44,7 +46,8 @@ SqliteStatementCache::StatementPtr prepareSqliteStatement(sqlite3* db, const std
     return statement;
 }
 
-SqliteStatementCache::Lease::~Lease() {
+SqliteStatementCache::Lease::~Lease()
+{
     if (statement_ != nullptr) {
         sqlite3_reset(statement_);
         sqlite3_clear_bindings(statement_);
@@ -55,7 +58,8 @@ SqliteStatementCache::Lease::~Lease() {
 }
 
 SqliteStatementCache::Lease SqliteStatementCache::acquire(sqlite3* db, const std::string& sql,
-                                                         const std::string& reportAs) {
+                                                          const std::string& reportAs)
+{
     const auto found = entries_.find(sql);
     if (found != entries_.end()) {
         Entry& entry = found->second;
@@ -78,7 +82,8 @@ SqliteStatementCache::Lease SqliteStatementCache::acquire(sqlite3* db, const std
     return Lease(entry.statement.get(), &entry.inUse, nullptr);
 }
 
-void SqliteStatementCache::evictBeyondCapacity() noexcept {
+void SqliteStatementCache::evictBeyondCapacity() noexcept
+{
     auto candidate = recency_.end();
     while (entries_.size() > capacity_ && candidate != recency_.begin()) {
         --candidate;
@@ -90,7 +95,8 @@ void SqliteStatementCache::evictBeyondCapacity() noexcept {
     }
 }
 
-void SqliteStatementCache::clear() noexcept {
+void SqliteStatementCache::clear() noexcept
+{
     for (auto it = entries_.begin(); it != entries_.end();) {
         if (it->second.inUse) {
             ++it;

@@ -29,10 +29,14 @@ public:
     class Lease {
     public:
         Lease(sqlite3_stmt* statement, bool* inUse, StatementPtr owned) noexcept
-            : statement_(statement), inUse_(inUse), owned_(std::move(owned)) {}
+            : statement_(statement), inUse_(inUse), owned_(std::move(owned))
+        {
+        }
         Lease(Lease&& other) noexcept
             : statement_(std::exchange(other.statement_, nullptr)), inUse_(std::exchange(other.inUse_, nullptr)),
-              owned_(std::move(other.owned_)) {}
+              owned_(std::move(other.owned_))
+        {
+        }
         Lease& operator=(Lease&&) = delete;
         Lease(const Lease&) = delete;
         Lease& operator=(const Lease&) = delete;
@@ -46,7 +50,7 @@ public:
         StatementPtr owned_;
     };
 
-    explicit SqliteStatementCache(std::size_t capacity) : capacity_(capacity) {}
+    explicit SqliteStatementCache(std::size_t capacity) : capacity_(capacity) { }
 
     // The prepared statement of `sql`. Raises DataError with SQLite's message
     // when it does not prepare, and when text other than blanks follows the
@@ -74,9 +78,8 @@ private:
 };
 
 // Prepares `sql` on its own (not cached), with the same checks as the cache.
-[[nodiscard]] SqliteStatementCache::StatementPtr prepareSqliteStatement(sqlite3* db, const std::string& sql,
-                                                                        unsigned int flags,
-                                                                        const std::string& reportAs = {});
+[[nodiscard]] SqliteStatementCache::StatementPtr
+prepareSqliteStatement(sqlite3* db, const std::string& sql, unsigned int flags, const std::string& reportAs = {});
 
 // Raises DataError with the connection's last message, `sql` and the code.
 [[noreturn]] void raiseSqliteError(sqlite3* db, int rc, const std::string& sql);

@@ -7,42 +7,47 @@
 #include <limits>
 #include <optional>
 
+#include "StoredValues.h"
 #include "avlor/core/Error.h"
 #include "avlor/core/Locale.h"
-#include "StoredValues.h"
 #include "avlor/data/DataError.h"
 
 namespace avlor {
 
 namespace {
 
-std::string upper(std::string_view text) {
+std::string upper(std::string_view text)
+{
     std::string result(text);
     std::transform(result.begin(), result.end(), result.begin(),
                    [](char c) { return static_cast<char>(std::toupper(static_cast<unsigned char>(c))); });
     return result;
 }
 
-std::string_view columnText(sqlite3_stmt* statement, int index) {
+std::string_view columnText(sqlite3_stmt* statement, int index)
+{
     const auto* bytes = sqlite3_column_text(statement, index);
     const int size = sqlite3_column_bytes(statement, index);
-    return bytes == nullptr ? std::string_view() : std::string_view(reinterpret_cast<const char*>(bytes),
-                                                                     static_cast<std::size_t>(size));
+    return bytes == nullptr ? std::string_view()
+                            : std::string_view(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(size));
 }
 
 // A whole number as Long when it fits in 32 bits, else as Double.
-Value wholeNumber(std::int64_t number) {
+Value wholeNumber(std::int64_t number)
+{
     if (number >= std::numeric_limits<std::int32_t>::min() && number <= std::numeric_limits<std::int32_t>::max()) {
         return Value::longValue(static_cast<std::int32_t>(number));
     }
     return Value::dbl(static_cast<double>(number));
 }
 
-[[noreturn]] void badStorage(std::string_view column, std::string_view expected) {
+[[noreturn]] void badStorage(std::string_view column, std::string_view expected)
+{
     throw DataError("Column '" + std::string(column) + "' holds a value that is not " + std::string(expected));
 }
 
-std::optional<bool> booleanText(std::string_view text) {
+std::optional<bool> booleanText(std::string_view text)
+{
     const std::string word = upper(text);
     if (word == "TRUE") {
         return true;
@@ -54,7 +59,8 @@ std::optional<bool> booleanText(std::string_view text) {
 }
 
 // An ISO date, or the date part of an ISO date and time.
-Value readDynamic(sqlite3_stmt* statement, int index) {
+Value readDynamic(sqlite3_stmt* statement, int index)
+{
     switch (sqlite3_column_type(statement, index)) {
     case SQLITE_INTEGER:
         return wholeNumber(sqlite3_column_int64(statement, index));
@@ -69,7 +75,8 @@ Value readDynamic(sqlite3_stmt* statement, int index) {
 
 } // namespace
 
-SqliteColumnKind sqliteColumnKind(const char* declaredType) {
+SqliteColumnKind sqliteColumnKind(const char* declaredType)
+{
     if (declaredType == nullptr || *declaredType == '\0') {
         return SqliteColumnKind::Untyped;
     }
@@ -98,7 +105,8 @@ SqliteColumnKind sqliteColumnKind(const char* declaredType) {
     return SqliteColumnKind::Untyped;
 }
 
-Value readSqliteColumn(sqlite3_stmt* statement, int index, SqliteColumnKind kind, std::string_view column) {
+Value readSqliteColumn(sqlite3_stmt* statement, int index, SqliteColumnKind kind, std::string_view column)
+{
     const int stored = sqlite3_column_type(statement, index);
     if (stored == SQLITE_NULL) {
         return Value::null();
@@ -131,7 +139,8 @@ Value readSqliteColumn(sqlite3_stmt* statement, int index, SqliteColumnKind kind
     }
 }
 
-Value normaliseForSqlite(SqliteColumnKind kind, const Value& value) {
+Value normaliseForSqlite(SqliteColumnKind kind, const Value& value)
+{
     if (value.isNull() || value.isEmpty()) {
         return Value::null();
     }
@@ -154,7 +163,8 @@ Value normaliseForSqlite(SqliteColumnKind kind, const Value& value) {
     return value;
 }
 
-int bindSqliteValue(sqlite3_stmt* statement, int index, SqliteColumnKind kind, const Value& value) {
+int bindSqliteValue(sqlite3_stmt* statement, int index, SqliteColumnKind kind, const Value& value)
+{
     switch (value.kind()) {
     case ValueKind::Empty:
     case ValueKind::Null:

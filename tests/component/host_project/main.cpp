@@ -18,9 +18,15 @@ int main()
                                                                        minTar, maxTar, minS, maxS, authority);
 
     auto object = avlor::CreateObject("AvlorLogic.ClsParcella");
-    std::vector<avlor::Value> args{avlor::Value(value), avlor::Value(std::int16_t{50}), avlor::Value(table),
-                                   avlor::Value(false), avlor::Value(std::int32_t{1}), avlor::Value(0),
-                                   avlor::Value(0),     avlor::Value(0),               avlor::Value(0),
+    std::vector<avlor::Value> args{avlor::Value(value),
+                                   avlor::Value(std::int16_t{50}),
+                                   avlor::Value(table),
+                                   avlor::Value(false),
+                                   avlor::Value(std::int32_t{1}),
+                                   avlor::Value(0),
+                                   avlor::Value(0),
+                                   avlor::Value(0),
+                                   avlor::Value(0),
                                    avlor::Value("")};
     const auto lateBound = std::get<avlor::Value>(object->invoke("CalcolaTariffa", args));
 

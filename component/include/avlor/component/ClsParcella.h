@@ -13,16 +13,16 @@ class ClsParcella {
 public:
     // Opens the fee-entry dialog "Parcellazione Adempimento" for case file
     // IdPratica. Not available in this build: raises avlor::Error saying so.
-    void ShowDialogParcellazione(std::int32_t IdPratica, const std::string& aszParti,
-                                 const std::string& aszAdempimento, Date aData);
+    void ShowDialogParcellazione(std::int32_t IdPratica, const std::string& aszParti, const std::string& aszAdempimento,
+                                 Date aData);
 
     // The tariff engine's proposal (CalcolaTariffaModulo) for the same ten
     // arguments, by reference in the same order. Any error of the engine or
     // of the database is trapped: the result is then 0, no message is shown,
     // and the outputs keep whatever the engine had written before the error.
     Currency CalcolaTariffa(Currency& cValore, std::int16_t& vRil, std::string& sTabella, std::int16_t& bInd,
-                            std::int32_t& idTariffa, Currency& MinTar, Currency& MaxTar, Currency& MinS,
-                            Currency& MaxS, std::string& Autorita);
+                            std::int32_t& idTariffa, Currency& MinTar, Currency& MaxTar, Currency& MinS, Currency& MaxS,
+                            std::string& Autorita);
 };
 
 } // namespace avlor

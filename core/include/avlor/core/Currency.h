@@ -55,7 +55,7 @@ public:
     constexpr bool operator==(const Currency&) const noexcept = default;
 
 private:
-    explicit constexpr Currency(std::int64_t raw) noexcept : raw_(raw) {}
+    explicit constexpr Currency(std::int64_t raw) noexcept : raw_(raw) { }
     std::int64_t raw_ = 0;
 };
 

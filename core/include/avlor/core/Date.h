@@ -50,7 +50,7 @@ public:
     constexpr bool operator==(const Date&) const noexcept = default;
 
 private:
-    explicit constexpr Date(std::int32_t days) noexcept : days_(days) {}
+    explicit constexpr Date(std::int32_t days) noexcept : days_(days) { }
     std::int32_t days_ = 0;
 };
 

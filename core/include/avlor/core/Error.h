@@ -21,7 +21,7 @@ class ValueError : public Error {
 public:
     enum class Kind { Overflow, InvalidUseOfNull, TypeMismatch, DivisionByZero, InvalidDate };
 
-    ValueError(Kind kind, const std::string& message) : Error(message), kind_(kind) {}
+    ValueError(Kind kind, const std::string& message) : Error(message), kind_(kind) { }
     [[nodiscard]] Kind kind() const noexcept { return kind_; }
 
 private:

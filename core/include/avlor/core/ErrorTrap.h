@@ -13,7 +13,8 @@
 namespace avlor {
 
 template <typename Result, typename Work>
-[[nodiscard]] Result withFallback(Result fallback, Work&& work) {
+[[nodiscard]] Result withFallback(Result fallback, Work&& work)
+{
     try {
         return std::forward<Work>(work)();
     } catch (...) {

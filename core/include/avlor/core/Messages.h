@@ -45,7 +45,11 @@ public:
     };
 
     MsgResult show(const std::string& text, const std::string& title, MsgIcon icon, MsgButtons buttons) override;
-    void scriptReplies(std::vector<MsgResult> replies) { replies_ = std::move(replies); next_ = 0; }
+    void scriptReplies(std::vector<MsgResult> replies)
+    {
+        replies_ = std::move(replies);
+        next_ = 0;
+    }
 
     [[nodiscard]] const std::vector<Shown>& shown() const noexcept { return shown_; }
     void clear() { shown_.clear(); }

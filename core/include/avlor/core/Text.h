@@ -10,8 +10,7 @@ namespace avlor {
 inline constexpr std::string_view Blanks = " \t\r\n\v\f";
 
 // `text` without the leading and trailing characters of `blanks`.
-[[nodiscard]] constexpr std::string_view trimBlanks(std::string_view text,
-                                                    std::string_view blanks = Blanks) noexcept
+[[nodiscard]] constexpr std::string_view trimBlanks(std::string_view text, std::string_view blanks = Blanks) noexcept
 {
     const auto first = text.find_first_not_of(blanks);
     if (first == std::string_view::npos)

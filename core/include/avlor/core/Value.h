@@ -37,14 +37,14 @@ public:
     [[nodiscard]] static Value date(Date d) noexcept;
     [[nodiscard]] static Value text(std::string s);
 
-    explicit Value(bool b) noexcept : Value(boolean(b)) {}
-    explicit Value(std::int16_t i) noexcept : Value(integer(i)) {}
-    explicit Value(std::int32_t l) noexcept : Value(longValue(l)) {}
-    explicit Value(double d) noexcept : Value(dbl(d)) {}
-    explicit Value(Currency c) noexcept : Value(currency(c)) {}
-    explicit Value(Date d) noexcept : Value(date(d)) {}
-    explicit Value(std::string s) : Value(text(std::move(s))) {}
-    explicit Value(const char* s) : Value(text(std::string(s))) {}
+    explicit Value(bool b) noexcept : Value(boolean(b)) { }
+    explicit Value(std::int16_t i) noexcept : Value(integer(i)) { }
+    explicit Value(std::int32_t l) noexcept : Value(longValue(l)) { }
+    explicit Value(double d) noexcept : Value(dbl(d)) { }
+    explicit Value(Currency c) noexcept : Value(currency(c)) { }
+    explicit Value(Date d) noexcept : Value(date(d)) { }
+    explicit Value(std::string s) : Value(text(std::move(s))) { }
+    explicit Value(const char* s) : Value(text(std::string(s))) { }
 
     [[nodiscard]] ValueKind kind() const noexcept;
     [[nodiscard]] bool isEmpty() const noexcept { return kind() == ValueKind::Empty; }
@@ -93,9 +93,9 @@ private:
         bool value;
         bool operator==(const BoolBox&) const = default;
     };
-    using Storage = std::variant<std::monostate, NullTag, BoolBox, std::int16_t, std::int32_t, double, Currency,
-                                 Date, std::string>;
-    explicit Value(Storage s) : storage_(std::move(s)) {}
+    using Storage =
+        std::variant<std::monostate, NullTag, BoolBox, std::int16_t, std::int32_t, double, Currency, Date, std::string>;
+    explicit Value(Storage s) : storage_(std::move(s)) { }
     Storage storage_;
 };
 

@@ -96,10 +96,12 @@ public:
 //     transaction.commit();
 class TransactionScope {
 public:
-    explicit TransactionScope(std::shared_ptr<Connection> connection) : connection_(std::move(connection)) {
+    explicit TransactionScope(std::shared_ptr<Connection> connection) : connection_(std::move(connection))
+    {
         connection_->beginTransaction();
     }
-    ~TransactionScope() {
+    ~TransactionScope()
+    {
         if (open_) {
             connection_->rollbackTransaction();
         }
@@ -109,7 +111,8 @@ public:
 
     // Makes the writes of the scope durable. After a failed commit the
     // transaction is over and nothing of it stays.
-    void commit() {
+    void commit()
+    {
         open_ = false;
         connection_->commitTransaction();
     }

@@ -11,8 +11,10 @@ namespace avlor {
 class DataError : public Error {
 public:
     DataError(std::string message, std::string statement = {}, std::string driverCode = {})
-        : Error(statement.empty() ? message : message + " [" + statement + "]"),
-          statement_(std::move(statement)), driverCode_(std::move(driverCode)) {}
+        : Error(statement.empty() ? message : message + " [" + statement + "]"), statement_(std::move(statement)),
+          driverCode_(std::move(driverCode))
+    {
+    }
 
     [[nodiscard]] const std::string& statement() const noexcept { return statement_; }
     [[nodiscard]] const std::string& driverCode() const noexcept { return driverCode_; }

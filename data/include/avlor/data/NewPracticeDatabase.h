@@ -59,9 +59,9 @@ private:
 
     std::string location_;
     std::string fill_;
-    std::filesystem::path file_;                  // SQLite: the final file
-    std::vector<std::filesystem::path> folders_;  // SQLite: folders made, innermost last
-    std::shared_ptr<PgConnection> server_;        // PostgreSQL: the held connection
+    std::filesystem::path file_; // SQLite: the final file
+    std::vector<std::filesystem::path> folders_; // SQLite: folders made, innermost last
+    std::shared_ptr<PgConnection> server_; // PostgreSQL: the held connection
     bool published_ = false;
 };
 

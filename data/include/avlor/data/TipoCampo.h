@@ -6,9 +6,9 @@
 namespace avlor {
 
 // TipoCampo: the kind in which a field is read.
-inline constexpr std::int32_t TipoTesto = 1;  // text
+inline constexpr std::int32_t TipoTesto = 1; // text
 inline constexpr std::int32_t TipoNumero = 2; // whole numbers, amounts, flags
-inline constexpr std::int32_t TipoData = 3;   // dates
+inline constexpr std::int32_t TipoData = 3; // dates
 
 // Cursor types, lock types and options of the two opening modes.
 inline constexpr std::int32_t adOpenForwardOnly = 0;

@@ -21,7 +21,7 @@ public:
 // A day fixed by whoever holds the clock; it can be moved at any time.
 class FixedClock final : public Clock {
 public:
-    explicit FixedClock(Date day) noexcept : day_(day) {}
+    explicit FixedClock(Date day) noexcept : day_(day) { }
     [[nodiscard]] Date today() const override { return day_; }
     void set(Date day) noexcept { day_ = day; }
 

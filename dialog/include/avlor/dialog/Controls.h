@@ -59,7 +59,7 @@ struct Control {
     int current = -1;
 
     // Money fields.
-    std::string currency;  // "EURO", "LIRA" or whatever the configuration holds
+    std::string currency; // "EURO", "LIRA" or whatever the configuration holds
     Currency exchangeRate; // lire per euro
 
     bool operator==(const Control&) const = default;

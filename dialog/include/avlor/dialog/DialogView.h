@@ -15,16 +15,16 @@ public:
     // columns, rows, keys or current row changed.
     virtual void controlChanged(const std::string& name) { static_cast<void>(name); }
     // The grid's columns captions or its text array were replaced.
-    virtual void gridChanged() {}
+    virtual void gridChanged() { }
     // The dialog asks for the keyboard focus to go to a control.
     virtual void focus(const std::string& name) { static_cast<void>(name); }
     // Database work starts (true: busy pointer) or ends (false).
     virtual void busy(bool on) { static_cast<void>(on); }
     // The dialog wants to be closed (its start-up could not read the case).
-    virtual void closeRequested() {}
+    virtual void closeRequested() { }
 };
 
 // The view in force until a front end gives one: it shows nothing.
-class NullDialogView final : public DialogView {};
+class NullDialogView final : public DialogView { };
 
 } // namespace avlor::dialog

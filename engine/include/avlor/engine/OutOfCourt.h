@@ -116,7 +116,7 @@ struct OutOfCourtProposal {
 // the gap between two brackets, a bInd that is neither 0 nor -1) leave it as
 // it was and propose from it.
 [[nodiscard]] std::optional<OutOfCourtProposal> priceOutOfCourt(Edition edition, std::int32_t idTariffa,
-                                                                Currency cValore, std::int16_t bInd,
-                                                                std::int16_t vRil, FeeBand current);
+                                                                Currency cValore, std::int16_t bInd, std::int16_t vRil,
+                                                                FeeBand current);
 
 } // namespace avlor

@@ -18,9 +18,9 @@ enum class DecimalStyle { Unknown, Italian, Point };
 
 struct AmountText {
     enum class Form {
-        Whole,     // digits only: the same in both notations
-        Italian,   // shows the Italian notation (a comma, or several grouping points)
-        Point,     // shows a decimal point
+        Whole, // digits only: the same in both notations
+        Italian, // shows the Italian notation (a comma, or several grouping points)
+        Point, // shows a decimal point
         Ambiguous, // one point followed by exactly three digits
     };
     Form form = Form::Whole;

@@ -31,7 +31,7 @@ struct CsvRecord {
     [[nodiscard]] bool isBlank() const noexcept
     {
         return fields.size() == 1 && !fields.front().quoted &&
-               fields.front().text.find_first_not_of(" \t") == std::string::npos;
+            fields.front().text.find_first_not_of(" \t") == std::string::npos;
     }
 };
 
@@ -40,7 +40,9 @@ struct CsvRecord {
 class CsvError : public Error {
 public:
     CsvError(std::size_t line, std::size_t fieldIndex, const std::string& message)
-        : Error(message), line_(line), fieldIndex_(fieldIndex) {}
+        : Error(message), line_(line), fieldIndex_(fieldIndex)
+    {
+    }
     [[nodiscard]] std::size_t line() const noexcept { return line_; }
     // 0-based position of the field within its record.
     [[nodiscard]] std::size_t fieldIndex() const noexcept { return fieldIndex_; }

@@ -11,10 +11,10 @@
 namespace avlor {
 
 enum class FeeColumnRole {
-    Key,         // Id: the official item id, a whole number
-    Code,        // CodiceTariffa: required text
-    Text,        // Azione, Autorita: optional text
-    Amount,      // every other column
+    Key, // Id: the official item id, a whole number
+    Code, // CodiceTariffa: required text
+    Text, // Azione, Autorita: optional text
+    Amount, // every other column
 };
 
 // The role of a column of a fee table, by its name (letter case ignored).

@@ -29,7 +29,7 @@ struct OfficialTariffFiles {
 
 struct OfficialTariffsResult {
     std::vector<TariffImportResult> tables; // the tables with shipped figures, in feeTables() order
-    std::size_t sources = 0;               // rows written to FonteTariffe
+    std::size_t sources = 0; // rows written to FonteTariffe
 };
 
 // The files of `folder`. Raises Error when it holds no FonteTariffe.csv or a

@@ -29,9 +29,9 @@ struct TariffFileRow {
 };
 
 struct TariffFile {
-    std::string table;                // as the schema spells it
+    std::string table; // as the schema spells it
     std::vector<std::string> columns; // the file's columns, spelled as the table's
-    std::vector<TariffFileRow> rows;  // in the order of the file
+    std::vector<TariffFileRow> rows; // in the order of the file
 };
 
 // Checks `text` against `tableColumns` (the columns of `table` as the

@@ -16,7 +16,9 @@ class TariffFileError : public Error {
 public:
     TariffFileError(std::size_t line, std::string column, const std::string& reason, std::string file = {})
         : Error(describe(file, line, column, reason)), line_(line), column_(std::move(column)), reason_(reason),
-          file_(std::move(file)) {}
+          file_(std::move(file))
+    {
+    }
 
     // The same fault, placed in the named file.
     [[nodiscard]] TariffFileError inFile(std::string file) const { return {line_, column_, reason_, std::move(file)}; }

@@ -12,9 +12,9 @@ namespace avlor {
 
 struct TariffItem {
     std::int32_t id = 0;
-    std::string code;        // CodiceTariffa
+    std::string code; // CodiceTariffa
     std::string description; // Azione ("" when null)
-    bool priced = false;     // some amount column of the row is above 0
+    bool priced = false; // some amount column of the row is above 0
 };
 
 // The items in the order of Id. Raises Error for a name that is no fee

@@ -20,7 +20,7 @@ namespace avlor {
 
 struct TariffSource {
     std::size_t line = 0;
-    std::string table;              // as the schema spells it
+    std::string table; // as the schema spells it
     std::optional<std::int32_t> id; // nothing for the table's own note
     std::string fonte;
     std::optional<std::string> note;
