@@ -16,6 +16,7 @@ packages=(
   nlohmann-json3-dev
   libgtest-dev libgmock-dev
   libbenchmark-dev
+  clang-format
 )
 if [[ "${AVLOR_WITH_POSTGRES_TESTS:-}" == 1 ]]; then
   packages+=(postgresql)
