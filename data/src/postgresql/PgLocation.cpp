@@ -3,38 +3,11 @@
 #include <algorithm>
 #include <vector>
 
+#include "avlor/core/Text.h"
+
 namespace avlor {
 
 namespace {
-
-int hexValue(char c)
-{
-    if (c >= '0' && c <= '9') {
-        return c - '0';
-    }
-    if (c >= 'a' && c <= 'f') {
-        return c - 'a' + 10;
-    }
-    if (c >= 'A' && c <= 'F') {
-        return c - 'A' + 10;
-    }
-    return -1;
-}
-
-// Decodes the escapes that are well formed and keeps the rest as written.
-std::string leniently(std::string_view text)
-{
-    std::string out;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '%' && i + 2 < text.size() && hexValue(text[i + 1]) >= 0 && hexValue(text[i + 2]) >= 0) {
-            out += static_cast<char>(hexValue(text[i + 1]) * 16 + hexValue(text[i + 2]));
-            i += 2;
-        } else {
-            out += text[i];
-        }
-    }
-    return out;
-}
 
 // Every text that may be the password of `location`: the user part after
 // the first ':' up to the last '@' of the authority, and each "password="
@@ -68,7 +41,7 @@ std::vector<std::string> passwordForms(std::string_view location)
             continue;
         }
         forms.push_back(password);
-        forms.push_back(leniently(password));
+        forms.push_back(percentDecoded(password));
         // libpq splits a URI at the first '@' and ':' and stops at a bad
         // escape, so it may quote any piece between them.
         for (std::size_t cut = password.find_first_of("%@:/?&="); cut != std::string::npos;
