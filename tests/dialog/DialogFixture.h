@@ -62,6 +62,13 @@ inline Shown information(const std::string& text, const std::string& title = "Av
     return Shown{MsgIcon::Information, MsgButtons::Ok, title, text};
 }
 
+// The tariff engine's own message when an item has no figure for the case.
+inline Shown nothingProposed()
+{
+    return information(" codice <> non previsto per una pratica di questo valore.\rNessun valore proposto.",
+                       "Attenzione");
+}
+
 class DialogTest : public testing::Test {
 protected:
     void SetUp() override

@@ -265,9 +265,7 @@ idEseguitoDa=1 TariffaEuro=150.0000 TariffaLira=250000.0000
               (std::vector<Shown>{information("ATTENZIONE : Non e' selezionata nessuna Autorita' per "
                                               "la Pratica. \rSara' impossibile calcolare in "
                                               "automatico l'importo degli Onorari di Tipo Penale."),
-                                  information(" codice <> non previsto per una pratica di questo "
-                                              "valore.\rNessun valore proposto.",
-                                              "Attenzione")}));
+                                  nothingProposed()}));
 }
 
 TEST_F(GoldenScenarios, OutOfCourtItems16And18WarnAnd17DoesNot)
@@ -282,10 +280,7 @@ TEST_F(GoldenScenarios, OutOfCourtItems16And18WarnAnd17DoesNot)
     form->chooseKey("cmbCodice", 17);
     // Item 17 is priced without a warning (these items have no formula: the
     // engine proposes nothing).
-    EXPECT_EQ(messages(),
-              std::vector<Shown>{information(" codice <> non previsto per una pratica di questo "
-                                             "valore.\rNessun valore proposto.",
-                                             "Attenzione")});
+    EXPECT_EQ(messages(), std::vector<Shown>{nothingProposed()});
     forgetMessages();
     form->chooseKey("cmbCodice", 16);
     EXPECT_EQ(describe(*form),
@@ -325,17 +320,13 @@ idEseguitoDa=1 TariffaEuro=150.0000 TariffaLira=250000.0000
     EXPECT_EQ(messages(),
               (std::vector<Shown>{information("ATTENZIONE : Vanno applicati gli "
                                               "stessi\rDiritti/Onorari dovuti in sede giudiziale"),
-                                  information(" codice <> non previsto per una pratica di questo "
-                                              "valore.\rNessun valore proposto.",
-                                              "Attenzione")}));
+                                  nothingProposed()}));
     forgetMessages();
     form->chooseKey("cmbCodice", 18);
     EXPECT_EQ(messages(),
               (std::vector<Shown>{information("ATTENZIONE : Vanno applicati gli "
                                               "stessi\rDiritti/Onorari dovuti in sede giudiziale"),
-                                  information(" codice <> non previsto per una pratica di questo "
-                                              "valore.\rNessun valore proposto.",
-                                              "Attenzione")}));
+                                  nothingProposed()}));
 }
 
 TEST_F(GoldenScenarios, LireActionInEuroDialog)
