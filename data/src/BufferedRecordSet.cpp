@@ -4,6 +4,7 @@
 #include <cctype>
 #include <limits>
 
+#include "FaultPoint.h"
 #include "avlor/data/DataError.h"
 
 namespace avlor {
@@ -78,6 +79,7 @@ bool BufferedRecordSet::Bof() const
 void BufferedRecordSet::MoveNext()
 {
     commitPending();
+    databaseCall("read");
     ensureFetched();
     if (position_ >= rows_.size()) {
         fail("No current row: the record set is at its end");
@@ -129,6 +131,9 @@ void BufferedRecordSet::AddNew()
 void BufferedRecordSet::Update()
 {
     requireWritable();
+    if (adding_ || !pending_.empty()) {
+        databaseCall("update");
+    }
     if (adding_) {
         FetchedRow added = source_->insert(pending_);
         rows_.push_back({std::move(added.key), std::move(added.values), false});
@@ -155,6 +160,7 @@ void BufferedRecordSet::Delete()
         fail("No current row to delete: a new row is being added");
     }
     Row& row = currentRow();
+    databaseCall("delete");
     source_->remove(row.key);
     row.deleted = true;
     pending_.clear();

@@ -120,6 +120,7 @@ bool frmOKParcella::LeggiPratica()
             s_.ValutaPratica = "LIRA";
         }
 
+        s_.CambioPratica = amountOrZero(dati.Campo("Cambio", TipoNumero));
         s_.Rilevanza = dati.Campo("Rilevanza", TipoNumero).toInteger();
         s_.Autorita = plainText(dati.Campo("Autorita", TipoTesto));
 

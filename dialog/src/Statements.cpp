@@ -73,4 +73,43 @@ std::string azione(std::int32_t idAzione)
     return "SELECT * FROM Azioni WHERE IdAzione = " + std::to_string(idAzione);
 }
 
+std::string numeriDaInserimento(std::int32_t idPratica, std::int32_t nOrdine, bool bTariffa)
+{
+    return "SELECT NOrdine From Azioni WHERE IdPra = " + std::to_string(idPratica) +
+        " AND NOrdine >= " + std::to_string(nOrdine) + filtroTariffa(bTariffa) + " ORDER BY NOrdine ";
+}
+
+std::string numeriDaModifica(std::int32_t idPratica, std::int32_t nOrdine, bool bTariffa, std::int32_t idAzione)
+{
+    return "SELECT NOrdine From Azioni WHERE IdPra = " + std::to_string(idPratica) +
+        " AND NOrdine >= " + std::to_string(nOrdine) +
+        (bTariffa ? " AND IsTariffa = 'TRUE' AND IdAzione <> " : " AND IsTariffa = 'FALSE' AND IdAzione <> ") +
+        std::to_string(idAzione) + " ORDER BY NOrdine ";
+}
+
+std::string numeriTariffa(std::int32_t idPratica)
+{
+    // Two pieces joined as they stand: hence the two blanks before ORDER.
+    return "SELECT NOrdine FROM Azioni WHERE IdPra = " + std::to_string(idPratica) + " AND IsTariffa = 'TRUE' " +
+        " ORDER BY NOrdine ";
+}
+
+std::string numeriDopoCancellazione(std::int32_t idPratica, bool bOraria)
+{
+    return "SELECT NOrdine FROM Azioni WHERE IdPra = " + std::to_string(idPratica) + filtroTariffa(!bOraria) +
+        " ORDER BY NOrdine ";
+}
+
+std::string numeriDaParcellaBase(std::int32_t idPratica, std::int32_t nOrdine)
+{
+    return "SELECT NOrdine FROM Azioni WHERE IdPra = " + std::to_string(idPratica) + " AND IsTariffa = 'TRUE' " +
+        " AND NOrdine >= " + std::to_string(nOrdine) + " ORDER BY NOrdine ";
+}
+
+std::string vociParcellaBase(std::int32_t idParcellaBase)
+{
+    return "SELECT * FROM VociParcellaBase WHERE IdParcellaBase = " + std::to_string(idParcellaBase) +
+        " ORDER BY NOrdine";
+}
+
 } // namespace avlor::dialog::sql

@@ -110,25 +110,6 @@ TEST_F(InputSurface, OptionsFormOneGroup)
     EXPECT_TRUE(form->control("optPenale").value);
 }
 
-TEST_F(InputSurface, TheButtonsWriteNothingYet)
-{
-    Action a;
-    a.descr = "Esistente";
-    const std::int32_t id = addAction(a);
-    form = open(7, "15/03/2005");
-    form->open("cmbCodice");
-    form->choose("cmbCodice", 0);
-    form->chooseKey("GrigliaParcella", id);
-    const std::string before = describe(*form);
-    const auto rows = db.rows("SELECT IdAzione, NOrdine, Descr FROM Azioni");
-    for (const char* button : {"cmdAggiungi", "cmdModifica", "cmdCancella"}) {
-        form->click(button);
-    }
-    EXPECT_EQ(describe(*form), before);
-    EXPECT_EQ(db.rows("SELECT IdAzione, NOrdine, Descr FROM Azioni").size(), rows.size());
-    EXPECT_EQ(messages(), std::vector<Shown>{});
-}
-
 TEST_F(InputSurface, TheViewHearsOfEveryChange)
 {
     view.events.clear();

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include "BufferedRecordSet.h"
+#include "FaultPoint.h"
 #include "SchemaScripts.h"
 #include "avlor/data/DataError.h"
 #include "postgresql/PgLocation.h"
@@ -323,6 +324,7 @@ PgResult PgConnection::write(const std::string& sql, const PgParameters& paramet
 
 std::shared_ptr<RecordSet> PgConnection::open(const std::string& source, bool editable)
 {
+    databaseCall("open");
     // A whole table opened to add rows is read only if its rows are needed.
     const bool deferred = editable && Dialect::isBareTableName(source);
     auto rows =
@@ -334,6 +336,7 @@ std::shared_ptr<RecordSet> PgConnection::open(const std::string& source, bool ed
 
 Value PgConnection::singleValue(const std::string& statement)
 {
+    databaseCall("value");
     const std::string sql = dialect().translate(statement);
     requirePgQuery(sql, statement);
     const PgResult result = query(sql, {}, statement);
@@ -453,8 +456,21 @@ void PgConnection::beginTransaction()
     if (transaction_ != Transaction::None) {
         throw DataError("A transaction is already open on this connection", shown_);
     }
+    databaseCall("begin");
     command("BEGIN READ WRITE", "BEGIN");
     transaction_ = Transaction::Open;
+}
+
+void PgConnection::lockForTransaction(std::int32_t space, std::int32_t key)
+{
+    if (transaction_ == Transaction::None) {
+        throw DataError("A lock is taken inside a transaction, and none is open on this connection", shown_);
+    }
+    databaseCall("lock");
+    // Released by the server when the transaction ends, however it ends.
+    command(
+        ("SELECT pg_catalog.pg_advisory_xact_lock(" + std::to_string(space) + ", " + std::to_string(key) + ")").c_str(),
+        "lock");
 }
 
 void PgConnection::commitTransaction()
@@ -474,6 +490,7 @@ void PgConnection::commitTransaction()
                         shown_, ConnectionFailure);
     }
     try {
+        databaseCall("commit");
         const PgResult result = run("COMMIT", {}, "COMMIT");
         transaction_ = Transaction::None;
         // The server answers ROLLBACK to the COMMIT of a transaction that a

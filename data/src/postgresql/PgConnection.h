@@ -89,6 +89,7 @@ public:
     void beginTransaction() override;
     void commitTransaction() override;
     void rollbackTransaction() noexcept override;
+    void lockForTransaction(std::int32_t space, std::int32_t key) override;
     [[nodiscard]] bool inTransaction() const noexcept override { return transaction_ != Transaction::None; }
     void setStatementTimeLimit(std::chrono::milliseconds limit) override;
 

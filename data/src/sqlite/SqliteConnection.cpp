@@ -1,5 +1,7 @@
 #include "sqlite/SqliteConnection.h"
 
+#include "FaultPoint.h"
+
 #include "BufferedRecordSet.h"
 #include "SchemaScripts.h"
 #include "avlor/data/DataError.h"
@@ -103,6 +105,7 @@ void SqliteConnection::execute(const std::string& sql, const std::string& report
 
 std::shared_ptr<RecordSet> SqliteConnection::open(const std::string& source, bool editable)
 {
+    databaseCall("open");
     const bool wholeTable = Dialect::isBareTableName(source);
     auto rows = std::make_unique<SqliteRowSource>(shared_from_this(), source, dialect().translate(source), editable);
     // A whole table opened to add rows is read only if its rows are needed.
@@ -113,6 +116,7 @@ std::shared_ptr<RecordSet> SqliteConnection::open(const std::string& source, boo
 
 Value SqliteConnection::singleValue(const std::string& statement)
 {
+    databaseCall("value");
     const std::string sql = dialect().translate(statement);
     const SqliteStatementCache::Lease lease = prepare(sql, statement);
     if (sqlite3_column_count(lease.get()) == 0 || sqlite3_stmt_readonly(lease.get()) == 0) {
@@ -158,6 +162,7 @@ void SqliteConnection::beginTransaction()
     if (inTransaction_) {
         throw DataError("A transaction is already open on this connection", location_);
     }
+    databaseCall("begin");
     execute("BEGIN IMMEDIATE");
     inTransaction_ = true;
 }
@@ -169,6 +174,7 @@ void SqliteConnection::commitTransaction()
     }
     inTransaction_ = false;
     try {
+        databaseCall("commit");
         execute("COMMIT");
     } catch (...) {
         // A failed COMMIT leaves the transaction open (or already rolled
@@ -176,6 +182,15 @@ void SqliteConnection::commitTransaction()
         sqlite3_exec(db_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
         throw;
     }
+}
+
+void SqliteConnection::lockForTransaction(std::int32_t /*space*/, std::int32_t /*key*/)
+{
+    if (!inTransaction_) {
+        throw DataError("A lock is taken inside a transaction, and none is open on this connection", location_);
+    }
+    databaseCall("lock");
+    // BEGIN IMMEDIATE took the database's one write lock already.
 }
 
 void SqliteConnection::rollbackTransaction() noexcept

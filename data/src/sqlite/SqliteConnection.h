@@ -55,6 +55,7 @@ public:
     void beginTransaction() override;
     void commitTransaction() override;
     void rollbackTransaction() noexcept override;
+    void lockForTransaction(std::int32_t space, std::int32_t key) override;
     [[nodiscard]] bool inTransaction() const noexcept override { return inTransaction_; }
     void setStatementTimeLimit(std::chrono::milliseconds limit) override { timeLimit_ = limit; }
 

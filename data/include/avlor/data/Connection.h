@@ -18,6 +18,7 @@
 // host's user-interface thread. Connections are pooled (Database.h), so
 // opening one per routine costs nothing.
 #include <chrono>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <utility>
@@ -78,6 +79,14 @@ public:
     virtual void commitTransaction() = 0;
     virtual void rollbackTransaction() noexcept = 0;
     [[nodiscard]] virtual bool inTransaction() const noexcept = 0;
+    // Inside a transaction: waits until no other session holds the lock
+    // (`space`, `key`) in a transaction of its own, then holds it until this
+    // transaction ends, so that writers of one thing (the actions of one
+    // case file) take turns while writers of others go on. The wait is
+    // bounded by the statement time limit. SQLite lets one writer at a time
+    // into the whole database already, so there it only checks that a
+    // transaction is open (DataError otherwise).
+    virtual void lockForTransaction(std::int32_t space, std::int32_t key) = 0;
 
     // Changes the time limit of each statement on this connection (tests,
     // tools); a statement past it fails with DataError saying so.

@@ -24,6 +24,8 @@ struct FormState {
     std::int16_t Rilevanza = 0;
     std::string Autorita;
     std::string ValutaPratica;
+    // The case file's exchange rate, stored with each action written.
+    Currency CambioPratica;
 
     // Read from the general configuration.
     std::string ValutaDefault;

@@ -43,4 +43,25 @@ namespace avlor::dialog::sql {
 // One action, whole: "SELECT * FROM Azioni WHERE IdAzione = <id>".
 [[nodiscard]] std::string azione(std::int32_t idAzione);
 
+// The table actions are added to.
+inline constexpr const char* TabellaAzioni = "Azioni";
+
+// The numbers of one sequence from `nOrdine` up, before an action is added
+// at that number.
+[[nodiscard]] std::string numeriDaInserimento(std::int32_t idPratica, std::int32_t nOrdine, bool bTariffa);
+// The same after an action was changed to `nOrdine`, the changed one left
+// out.
+[[nodiscard]] std::string numeriDaModifica(std::int32_t idPratica, std::int32_t nOrdine, bool bTariffa,
+                                           std::int32_t idAzione);
+// The tariff numbers, from the lowest: the start of the sequence that a
+// change closes up.
+[[nodiscard]] std::string numeriTariffa(std::int32_t idPratica);
+// The numbers of the sequence that a delete renumbers: the hourly one when
+// `bOraria`, else the tariff one.
+[[nodiscard]] std::string numeriDopoCancellazione(std::int32_t idPratica, bool bOraria);
+// The tariff numbers from `nOrdine` up that a template makes room above.
+[[nodiscard]] std::string numeriDaParcellaBase(std::int32_t idPratica, std::int32_t nOrdine);
+// The items of a template, in their order.
+[[nodiscard]] std::string vociParcellaBase(std::int32_t idParcellaBase);
+
 } // namespace avlor::dialog::sql

@@ -12,6 +12,7 @@
 // every routine that touches it opens its own record-access object and shows
 // the busy pointer meanwhile.
 #include <cstdint>
+#include <exception>
 #include <memory>
 #include <optional>
 #include <string>
@@ -78,8 +79,9 @@ public:
     void FMinuti_Change();
     void chkIncludi_Click();
     void chkMosTut_Click();
-    // The three buttons store, change and delete actions; they come with the
-    // writing of actions and do nothing yet.
+    // The three buttons add, change and delete actions. Each press is one
+    // unit of work: what it writes is kept whole or not at all, and a press
+    // that fails says why and leaves the database as it was.
     void cmdAggiungi_Click();
     void cmdModifica_Click();
     void cmdCancella_Click();
@@ -165,6 +167,25 @@ private:
 
     // Order numbers.
     std::int32_t ProponiNOrdine(const std::string& sData, bool bTariffa, bool bNuova, std::int32_t IdAzione);
+
+    // Storing actions.
+    [[nodiscard]] bool ControllaDatiTariffa();
+    [[nodiscard]] bool ControllaDatiOrari();
+    [[nodiscard]] bool ConfermaSopraMassimo();
+    bool SalvaAzioneTariffa(bool bNuova);
+    bool SalvaAzioneOraria(bool bNuova);
+    bool InserisciParcellaBase();
+    void PreparaNuovaVoce();
+    void SvuotaInserimentoOrario();
+    void FineModifica();
+    // Deleting.
+    void EliminaAzione();
+    // The exclamation message of a refused entry, with the focus sent to
+    // the control to put right.
+    void rifiuta(const std::string& text, const std::string& focus);
+    // The message of a press that failed: nothing of it was kept.
+    void segnalaFallimento(const std::exception& error) const;
+    [[nodiscard]] Date dataInserita() const;
 
     // Hourly billing.
     void CaricaUtenti(std::int32_t IdUtente);
