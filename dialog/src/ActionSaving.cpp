@@ -245,8 +245,8 @@ bool frmOKParcella::SalvaAzioneTariffa(bool bNuova)
                 dati.ImpostaCampo("TipoAzione", Value(tipo));
             }
         }
-        dati.ImpostaCampo("Imponibili", Value(trimmed(textOf("FImponibili")).empty() ? Currency{}
-                                                                                      : amountOf("FImponibili")));
+        dati.ImpostaCampo("Imponibili",
+                          Value(trimmed(textOf("FImponibili")).empty() ? Currency{} : amountOf("FImponibili")));
         dati.ImpostaCampo("Esenti", Value(trimmed(textOf("FEsenti")).empty() ? Currency{} : amountOf("FEsenti")));
         dati.ImpostaCampo("IsTariffa", Value(true));
         const std::string quantita = textOf("FQuantita");
@@ -297,8 +297,8 @@ bool frmOKParcella::SalvaAzioneOraria(bool bNuova)
         dati.ImpostaCampo("Valuta", Value(s_.ValutaPratica));
         dati.ImpostaCampo("Cambio", Value(s_.CambioPratica));
         dati.ImpostaCampo("Onorari", Value(trimmed(textOf("FImporto")).empty() ? Currency{} : amountOf("FImporto")));
-        dati.ImpostaCampo("Imponibili", Value(trimmed(textOf("FImponibili")).empty() ? Currency{}
-                                                                                      : amountOf("FImponibili")));
+        dati.ImpostaCampo("Imponibili",
+                          Value(trimmed(textOf("FImponibili")).empty() ? Currency{} : amountOf("FImponibili")));
         dati.ImpostaCampo("Esenti", Value(trimmed(textOf("FEsenti")).empty() ? Currency{} : amountOf("FEsenti")));
         dati.ImpostaCampo("IsTariffa", Value(false));
         const std::string ore = trimmed(textOf("FOre"));

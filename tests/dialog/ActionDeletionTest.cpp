@@ -112,8 +112,9 @@ TEST_F(ActionDeletion, AnEmptyDescriptionLeavesAnEmptyLine)
     form->chooseKey("GrigliaParcella", id);
     reply({MsgResult::No});
     form->click("cmdCancella");
-    EXPECT_EQ(messages(), std::vector<Shown>{question("ATTENZIONE : Confermi la cancellazione dell'Azione \r ? ",
-                                                      MsgButtons::YesNo)});
+    EXPECT_EQ(
+        messages(),
+        std::vector<Shown>{question("ATTENZIONE : Confermi la cancellazione dell'Azione \r ? ", MsgButtons::YesNo)});
 }
 
 TEST_F(ActionDeletion, TheQuestionShowsTheDescriptionAsTypedAndTrimmed)

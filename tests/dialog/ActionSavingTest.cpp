@@ -19,10 +19,11 @@ TEST_F(ActionSaving, AddingATariffActionByHandStoresEveryField)
     form->click("cmdAggiungi");
 
     EXPECT_EQ(messages(), std::vector<Shown>{});
-    EXPECT_EQ(stored(lastId()), "Data=15/03/2005|NOrdine=1|IdPra=7|Codice=|Descr=Sopralluogo|Valuta=EURO|"
-                                "Cambio=1936.27|Diritti=120.5|Onorari=0|TipoAzione=0|Imponibili=10|Esenti=5.25|"
-                                "IsTariffa=True|Quantita=2|IdFattura=0|IdEseguitoDa=1|IdVoceParcella=0|"
-                                "TabellaTariffa=|InNotaSpese=-1|bFattura=False|Ore=0|Minuti=0");
+    EXPECT_EQ(stored(lastId()),
+              "Data=15/03/2005|NOrdine=1|IdPra=7|Codice=|Descr=Sopralluogo|Valuta=EURO|"
+              "Cambio=1936.27|Diritti=120.5|Onorari=0|TipoAzione=0|Imponibili=10|Esenti=5.25|"
+              "IsTariffa=True|Quantita=2|IdFattura=0|IdEseguitoDa=1|IdVoceParcella=0|"
+              "TabellaTariffa=|InNotaSpese=-1|bFattura=False|Ore=0|Minuti=0");
     // The entry is ready for the next action, numbered after this one.
     EXPECT_EQ(form->control("FNumOrdine").text, "2");
     EXPECT_EQ(form->control("FData").text, "15/03/2005");
@@ -48,10 +49,11 @@ TEST_F(ActionSaving, AChosenItemStoresItsTableKindAndAmountAsFees)
     form->setText("FNumOrdine", "1");
     form->click("cmdAggiungi");
     EXPECT_EQ(messages(), std::vector<Shown>{});
-    EXPECT_EQ(stored(lastId()), "Data=15/03/2005|NOrdine=1|IdPra=7|Codice=O20|Descr=Studio della controversia|"
-                                "Valuta=EURO|Cambio=1936.27|Diritti=0|Onorari=100|TipoAzione=1|Imponibili=0|"
-                                "Esenti=0|IsTariffa=True|Quantita=1|IdFattura=0|IdEseguitoDa=1|IdVoceParcella=20|"
-                                "TabellaTariffa=Onorari2004Euro|InNotaSpese=0|bFattura=False|Ore=0|Minuti=0");
+    EXPECT_EQ(stored(lastId()),
+              "Data=15/03/2005|NOrdine=1|IdPra=7|Codice=O20|Descr=Studio della controversia|"
+              "Valuta=EURO|Cambio=1936.27|Diritti=0|Onorari=100|TipoAzione=1|Imponibili=0|"
+              "Esenti=0|IsTariffa=True|Quantita=1|IdFattura=0|IdEseguitoDa=1|IdVoceParcella=20|"
+              "TabellaTariffa=Onorari2004Euro|InNotaSpese=0|bFattura=False|Ore=0|Minuti=0");
     // The item's figures are gone with the entry.
     EXPECT_EQ(form->state().idTariffa, 0);
     EXPECT_EQ(form->state().ImportoVoce, Currency{});
@@ -319,10 +321,11 @@ TEST_F(ActionSaving, ChangingStoresTheEntryAndForgetsTheInvoice)
     form->click("cmdModifica");
     EXPECT_EQ(messages(), std::vector<Shown>{});
     // The invoiced mark of a tariff action stays; its invoice link does not.
-    EXPECT_EQ(stored(id), "Data=10/03/2005|NOrdine=1|IdPra=7|Codice=X1|Descr=cambiata|Valuta=EURO|Cambio=1936.27|"
-                          "Diritti=45|Onorari=0|TipoAzione=0|Imponibili=0|Esenti=0|IsTariffa=True|Quantita=1|"
-                          "IdFattura=0|IdEseguitoDa=1|IdVoceParcella=0|TabellaTariffa=|InNotaSpese=0|"
-                          "bFattura=True|Ore=0|Minuti=0");
+    EXPECT_EQ(stored(id),
+              "Data=10/03/2005|NOrdine=1|IdPra=7|Codice=X1|Descr=cambiata|Valuta=EURO|Cambio=1936.27|"
+              "Diritti=45|Onorari=0|TipoAzione=0|Imponibili=0|Esenti=0|IsTariffa=True|Quantita=1|"
+              "IdFattura=0|IdEseguitoDa=1|IdVoceParcella=0|TabellaTariffa=|InNotaSpese=0|"
+              "bFattura=True|Ore=0|Minuti=0");
     EXPECT_EQ(form->state().idAzioneCorrente, 0);
     EXPECT_FALSE(form->state().bModifica);
     EXPECT_EQ(form->control("FNumOrdine").text, "2");
@@ -396,8 +399,9 @@ TEST_F(ActionSaving, ARefusedChangeStopsAtOnceAndKeepsTheActionLoaded)
     form->setText("cmbVoce", "");
     const std::string before = describe(*form);
     form->click("cmdModifica");
-    EXPECT_EQ(messages(), std::vector<Shown>{exclamation(
-                              "ATTENZIONE:\rE' necessario inserire la Descrizione della Voce di Parcella.")});
+    EXPECT_EQ(
+        messages(),
+        std::vector<Shown>{exclamation("ATTENZIONE:\rE' necessario inserire la Descrizione della Voce di Parcella.")});
     EXPECT_EQ(describe(*form), before);
     EXPECT_EQ(form->state().idAzioneCorrente, id);
 }

@@ -29,11 +29,12 @@ TEST_F(HourlySaving, AddingStoresTheHourlyFieldsOnly)
     form->setText("FEsenti", "3,00");
     form->click("cmdAggiungi");
     EXPECT_EQ(messages(), std::vector<Shown>{});
-    EXPECT_EQ(stored(lastId()), "Data=15/03/2005|NOrdine=1|IdPra=7|Codice=NULL|Descr=Ricerca giurisprudenza|"
-                                "Valuta=EURO|Cambio=1936.27|Diritti=0|Onorari=150|TipoAzione=0|Imponibili=0|"
-                                "Esenti=3|IsTariffa=False|Quantita=NULL|IdFattura=0|IdEseguitoDa=2|"
-                                "IdVoceParcella=0|TabellaTariffa=NULL|InNotaSpese=0|bFattura=False|Ore=2|"
-                                "Minuti=30");
+    EXPECT_EQ(stored(lastId()),
+              "Data=15/03/2005|NOrdine=1|IdPra=7|Codice=NULL|Descr=Ricerca giurisprudenza|"
+              "Valuta=EURO|Cambio=1936.27|Diritti=0|Onorari=150|TipoAzione=0|Imponibili=0|"
+              "Esenti=3|IsTariffa=False|Quantita=NULL|IdFattura=0|IdEseguitoDa=2|"
+              "IdVoceParcella=0|TabellaTariffa=NULL|InNotaSpese=0|bFattura=False|Ore=2|"
+              "Minuti=30");
     EXPECT_EQ(numbers(true), "t1:1");
     // Ready for the next hourly action, by the user at the keyboard.
     for (const char* field : {"txtDescrizione", "FImporto", "FEsenti", "FImponibili", "FOre", "FMinuti"}) {
@@ -144,10 +145,11 @@ TEST_F(HourlySaving, ChangingClearsTheInvoicedMarkAndClosesNoGap)
     form->setText("txtDescrizione", "h2 cambiata");
     form->click("cmdModifica");
     EXPECT_EQ(messages(), std::vector<Shown>{});
-    EXPECT_EQ(stored(id), "Data=10/03/2005|NOrdine=2|IdPra=7|Codice=|Descr=h2 cambiata|Valuta=EURO|Cambio=1936.27|"
-                          "Diritti=0|Onorari=80|TipoAzione=0|Imponibili=0|Esenti=0|IsTariffa=False|Quantita=1|"
-                          "IdFattura=0|IdEseguitoDa=2|IdVoceParcella=0|TabellaTariffa=|InNotaSpese=0|"
-                          "bFattura=False|Ore=1.5|Minuti=0");
+    EXPECT_EQ(stored(id),
+              "Data=10/03/2005|NOrdine=2|IdPra=7|Codice=|Descr=h2 cambiata|Valuta=EURO|Cambio=1936.27|"
+              "Diritti=0|Onorari=80|TipoAzione=0|Imponibili=0|Esenti=0|IsTariffa=False|Quantita=1|"
+              "IdFattura=0|IdEseguitoDa=2|IdVoceParcella=0|TabellaTariffa=|InNotaSpese=0|"
+              "bFattura=False|Ore=1.5|Minuti=0");
     // No hourly action at 1: an hourly change leaves the start open.
     EXPECT_EQ(numbers(false), "h2 cambiata:2 h3:3");
     // After an hourly change the number is the tariff proposal for today.

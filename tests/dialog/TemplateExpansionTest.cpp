@@ -66,19 +66,22 @@ TEST_F(TemplateExpansion, ThreeItemsAtTwoOverOneTwoFive)
     EXPECT_EQ(numbers(false), "h2:2");
     const std::int32_t last = lastId();
     // Fixed amount times the quantity; expenses copied; performer 1.
-    EXPECT_EQ(stored(last - 2), "Data=15/03/2005|NOrdine=2|IdPra=7|Codice=SP|Descr=Spese di accesso|Valuta=EURO|"
-                                "Cambio=1936.27|Diritti=30|Onorari=0|TipoAzione=0|Imponibili=1.25|Esenti=4.5|"
-                                "IsTariffa=True|Quantita=3|IdFattura=0|IdEseguitoDa=1|IdVoceParcella=0|"
-                                "TabellaTariffa=|InNotaSpese=-1|bFattura=False|Ore=0|Minuti=0");
+    EXPECT_EQ(stored(last - 2),
+              "Data=15/03/2005|NOrdine=2|IdPra=7|Codice=SP|Descr=Spese di accesso|Valuta=EURO|"
+              "Cambio=1936.27|Diritti=30|Onorari=0|TipoAzione=0|Imponibili=1.25|Esenti=4.5|"
+              "IsTariffa=True|Quantita=3|IdFattura=0|IdEseguitoDa=1|IdVoceParcella=0|"
+              "TabellaTariffa=|InNotaSpese=-1|bFattura=False|Ore=0|Minuti=0");
     // Priced for the case file (indeterminate, Tribunale) times two, as fees.
-    EXPECT_EQ(stored(last - 1), "Data=15/03/2005|NOrdine=3|IdPra=7|Codice=O20|Descr=Studio|Valuta=EURO|"
-                                "Cambio=1936.27|Diritti=0|Onorari=200|TipoAzione=1|Imponibili=0|Esenti=0|"
-                                "IsTariffa=True|Quantita=2|IdFattura=0|IdEseguitoDa=1|IdVoceParcella=20|"
-                                "TabellaTariffa=Onorari2004Euro|InNotaSpese=-1|bFattura=False|Ore=0|Minuti=0");
-    EXPECT_EQ(stored(last), "Data=15/03/2005|NOrdine=4|IdPra=7|Codice=FX|Descr=Forfait|Valuta=EURO|"
-                            "Cambio=1936.27|Diritti=0|Onorari=70|TipoAzione=1|Imponibili=0|Esenti=0|"
-                            "IsTariffa=True|Quantita=1|IdFattura=0|IdEseguitoDa=1|IdVoceParcella=0|"
-                            "TabellaTariffa=|InNotaSpese=-1|bFattura=False|Ore=0|Minuti=0");
+    EXPECT_EQ(stored(last - 1),
+              "Data=15/03/2005|NOrdine=3|IdPra=7|Codice=O20|Descr=Studio|Valuta=EURO|"
+              "Cambio=1936.27|Diritti=0|Onorari=200|TipoAzione=1|Imponibili=0|Esenti=0|"
+              "IsTariffa=True|Quantita=2|IdFattura=0|IdEseguitoDa=1|IdVoceParcella=20|"
+              "TabellaTariffa=Onorari2004Euro|InNotaSpese=-1|bFattura=False|Ore=0|Minuti=0");
+    EXPECT_EQ(stored(last),
+              "Data=15/03/2005|NOrdine=4|IdPra=7|Codice=FX|Descr=Forfait|Valuta=EURO|"
+              "Cambio=1936.27|Diritti=0|Onorari=70|TipoAzione=1|Imponibili=0|Esenti=0|"
+              "IsTariffa=True|Quantita=1|IdFattura=0|IdEseguitoDa=1|IdVoceParcella=0|"
+              "TabellaTariffa=|InNotaSpese=-1|bFattura=False|Ore=0|Minuti=0");
     // The entry starts afresh, numbered after the last tariff action dated
     // today (the template's last item, 4), not after the highest number.
     EXPECT_EQ(form->control("FNumOrdine").text, "5");
@@ -116,8 +119,9 @@ TEST_F(TemplateExpansion, NoTemplateChosenIsRefused)
     form->click("optParcellaBase");
     form->setText("cmbVoce", "scritta a mano");
     form->click("cmdAggiungi");
-    EXPECT_EQ(messages(), std::vector<Shown>{exclamation(
-                              "ATTENZIONE:\rE' necessario selezionare una Parcella Base presente in archivio.")});
+    EXPECT_EQ(messages(),
+              std::vector<Shown>{
+                  exclamation("ATTENZIONE:\rE' necessario selezionare una Parcella Base presente in archivio.")});
     EXPECT_EQ(form->focused(), "cmbVoce");
     EXPECT_EQ(actionCount(), 0);
 }
@@ -128,8 +132,9 @@ TEST_F(TemplateExpansion, ATemplateNeedsADescriptionToo)
     auto form = chooseTemplate(30, "1");
     form->setText("cmbVoce", "");
     form->click("cmdAggiungi");
-    EXPECT_EQ(messages(), std::vector<Shown>{exclamation(
-                              "ATTENZIONE:\rE' necessario inserire la Descrizione della Voce di Parcella.")});
+    EXPECT_EQ(
+        messages(),
+        std::vector<Shown>{exclamation("ATTENZIONE:\rE' necessario inserire la Descrizione della Voce di Parcella.")});
     EXPECT_EQ(actionCount(), 0);
 }
 

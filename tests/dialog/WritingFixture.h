@@ -63,8 +63,8 @@ protected:
         std::string result;
         for (const auto& row : db.rows("SELECT Descr, NOrdine FROM Azioni WHERE IdPra = " + std::to_string(pratica) +
                                        " AND IsTariffa = '" + (tariffa ? "True" : "False") + "' ORDER BY IdAzione")) {
-            result += (result.empty() ? "" : " ") + row[0].toText(Locale::neutral()) + ":" +
-                row[1].toText(Locale::neutral());
+            result +=
+                (result.empty() ? "" : " ") + row[0].toText(Locale::neutral()) + ":" + row[1].toText(Locale::neutral());
         }
         return result;
     }
@@ -72,11 +72,11 @@ protected:
     // Every field the dialog writes, of one action, as "Field=value|...".
     [[nodiscard]] std::string stored(std::int32_t idAzione) const
     {
-        static const char* const fields[] = {"Data",           "NOrdine",  "IdPra",     "Codice",       "Descr",
-                                             "Valuta",         "Cambio",   "Diritti",   "Onorari",      "TipoAzione",
-                                             "Imponibili",     "Esenti",   "IsTariffa", "Quantita",     "IdFattura",
-                                             "IdEseguitoDa",   "IdVoceParcella", "TabellaTariffa", "InNotaSpese",
-                                             "bFattura",       "Ore",      "Minuti"};
+        static const char* const fields[] = {
+            "Data",        "NOrdine",  "IdPra",     "Codice",       "Descr",          "Valuta",
+            "Cambio",      "Diritti",  "Onorari",   "TipoAzione",   "Imponibili",     "Esenti",
+            "IsTariffa",   "Quantita", "IdFattura", "IdEseguitoDa", "IdVoceParcella", "TabellaTariffa",
+            "InNotaSpese", "bFattura", "Ore",       "Minuti"};
         std::string sql = "SELECT ";
         for (const char* field : fields) {
             sql += std::string(field) + (field == fields[std::size(fields) - 1] ? "" : ", ");
@@ -89,8 +89,9 @@ protected:
         for (std::size_t i = 0; i < std::size(fields); ++i) {
             const Value& v = rows[0][i];
             result += (i ? "|" : "") + std::string(fields[i]) + "=" +
-                (v.isNull() ? std::string("NULL") : v.kind() == ValueKind::Date ? v.toDate().toDayFirst()
-                                                                                 : v.toText(Locale::neutral()));
+                (v.isNull()                        ? std::string("NULL")
+                     : v.kind() == ValueKind::Date ? v.toDate().toDayFirst()
+                                                   : v.toText(Locale::neutral()));
         }
         return result;
     }

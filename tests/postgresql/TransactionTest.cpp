@@ -2,12 +2,14 @@
 // together or not at all, unseen by other connections until committed.
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <stdexcept>
 
 #include "TestDatabase.h"
 #include "avlor/data/Connection.h"
 #include "avlor/data/DataError.h"
 #include "avlor/data/Database.h"
+#include "avlor/data/InjectedFault.h"
 #include "avlor/data/clsAccessoDati.h"
 
 namespace avlor::test {
@@ -122,6 +124,117 @@ TEST_F(Transactions, DoNotNest)
     EXPECT_TRUE(connection->inTransaction());
     transaction.commit();
     EXPECT_FALSE(connection->inTransaction());
+}
+
+// ---- Taking turns on one key ------------------------------------------------
+
+TEST_F(Transactions, ALockIsTakenInsideATransactionOnly)
+{
+    EXPECT_THROW(db.connection()->lockForTransaction(5, 7), DataError);
+}
+
+TEST_F(Transactions, OneKeyIsHeldByOneTransactionAtATime)
+{
+    if (!TestDatabase::onPostgresql()) {
+        GTEST_SKIP() << "SQLite lets one writer at a time into the whole file: there is no key to wait on";
+    }
+    const std::shared_ptr<Connection> mine = db.connection();
+    const std::shared_ptr<Connection> other = otherConnection();
+    TransactionScope first(mine);
+    mine->lockForTransaction(5, 7);
+
+    other->setStatementTimeLimit(std::chrono::milliseconds(300));
+    {
+        // Another key, even of the same space, is free.
+        TransactionScope second(other);
+        EXPECT_NO_THROW(other->lockForTransaction(5, 8));
+        EXPECT_NO_THROW(other->lockForTransaction(6, 7));
+        second.commit();
+    }
+    {
+        TransactionScope second(other);
+        try {
+            other->lockForTransaction(5, 7);
+            ADD_FAILURE() << "the key was taken twice";
+        } catch (const DataError& error) {
+            EXPECT_NE(std::string(error.what()).find("300 ms"), std::string::npos) << error.what();
+        }
+    }
+    first.commit();
+    // Released with the transaction that held it.
+    TransactionScope second(other);
+    EXPECT_NO_THROW(other->lockForTransaction(5, 7));
+    second.commit();
+    other->setStatementTimeLimit(Connection::DefaultStatementTimeLimit);
+}
+
+// ---- The switch that fails the k-th call ------------------------------------
+
+TEST_F(Transactions, AnInjectedFaultFailsTheChosenCallOnly)
+{
+    const std::shared_ptr<Connection> connection = db.connection();
+    InjectedFault fault(3);
+    connection->beginTransaction(); // 1: begin
+    clsAccessoDati data(connection);
+    data.Apri("Azioni", 1, 3, -1); // 2: open
+    data.Recordset().AddNew();
+    data.ImpostaCampo("IdPra", Value(std::int32_t{100}));
+    try {
+        data.Recordset().Update(); // 3: update
+        ADD_FAILURE() << "the third call did not fail";
+    } catch (const DataError& error) {
+        EXPECT_EQ(std::string(error.what()), "Injected failure of database call 3 (update)");
+    }
+    EXPECT_TRUE(fault.fired());
+    EXPECT_EQ(fault.firedAt(), "update");
+    data.Recordset().Update(); // 4: works again
+    connection->commitTransaction(); // 5: commit
+    EXPECT_EQ(fault.calls(), 5);
+    EXPECT_EQ(actions(connection), 1);
+}
+
+TEST_F(Transactions, AnInjectedFailureOfTheCommitKeepsNothing)
+{
+    const std::shared_ptr<Connection> connection = db.connection();
+    {
+        InjectedFault fault(4);
+        TransactionScope transaction(connection); // 1
+        clsAccessoDati data(connection);
+        data.Apri("Azioni", 1, 3, -1); // 2
+        data.Recordset().AddNew();
+        data.ImpostaCampo("IdPra", Value(std::int32_t{100}));
+        data.Recordset().Update(); // 3
+        EXPECT_THROW(transaction.commit(), DataError); // 4
+        EXPECT_EQ(fault.firedAt(), "commit");
+    }
+    EXPECT_FALSE(connection->inTransaction());
+    EXPECT_EQ(actions(connection), 0);
+    // The connection goes on as before.
+    TransactionScope transaction(connection);
+    clsAccessoDati data(connection);
+    data.Apri("Azioni", 1, 3, -1);
+    data.Recordset().AddNew();
+    data.ImpostaCampo("IdPra", Value(std::int32_t{100}));
+    data.Recordset().Update();
+    transaction.commit();
+    EXPECT_EQ(actions(connection), 1);
+}
+
+TEST_F(Transactions, OnlyOneInjectedFaultAtATime)
+{
+    InjectedFault first(0);
+    EXPECT_THROW(InjectedFault second(1), std::logic_error);
+    static_cast<void>(db.connection()->singleValue("SELECT Count(*) FROM Azioni"));
+    EXPECT_EQ(first.calls(), 1);
+    EXPECT_FALSE(first.fired());
+}
+
+TEST_F(Transactions, WithoutAnInjectedFaultNothingIsCountedOrFailed)
+{
+    {
+        InjectedFault fault(1);
+    }
+    EXPECT_EQ(actions(db.connection()), 0);
 }
 
 } // namespace
