@@ -266,6 +266,113 @@ TEST_F(ParcellaCommandTest, MalformedLinesStopTheScriptWithOneLine)
     }
 }
 
+// The three buttons write; each test works on a demo database of its own so
+// that the other tests keep theirs as made.
+class ParcellaWritingTest : public ParcellaCommandTest {
+protected:
+    void SetUp() override
+    {
+        own = (folder /
+               ("scrittura-" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()) + ".db"))
+                  .string();
+        fs::remove(own);
+        const Outcome init = avlor({"db", "init", own, "--demo"});
+        ASSERT_EQ(init.status, 0) << init.err;
+    }
+
+    Outcome writing(const std::vector<std::string>& lines) const
+    {
+        const fs::path file = folder / "scrittura.jsonl";
+        std::ofstream out(file, std::ios::trunc);
+        for (const auto& l : lines)
+            out << l << '\n';
+        out.close();
+        return avlor({"--db", own, "parcella", "--pratica", "1", "--data", "15/03/2025", "--oggi", "20/03/2025",
+                      "--script", file.string()});
+    }
+
+    static std::vector<std::string> descriptions(const json& answer)
+    {
+        std::vector<std::string> result;
+        for (const json& row : answer["controlli"]["GrigliaParcella"]["righe"])
+            result.push_back(row[4].get<std::string>() + ":" + row[2].get<std::string>());
+        return result;
+    }
+
+    std::string own;
+};
+
+TEST_F(ParcellaWritingTest, AddingAtOneMovesTheOthersUp)
+{
+    const Outcome run =
+        writing({R"({"imposta": "FNumOrdine", "valore": "1"})", R"({"imposta": "cmbVoce", "valore": "Sopralluogo"})",
+                 R"({"imposta": "FImporto", "valore": "10.00"})", R"({"click": "cmdAggiungi"})"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const auto lines = answers(run);
+    ASSERT_EQ(lines.size(), 4u);
+    EXPECT_EQ(lines[3]["messaggi"], json::array());
+    const std::vector<std::string> before = descriptions(lines[2]);
+    ASSERT_EQ(before.size(), 2u);
+    EXPECT_EQ(descriptions(lines[3]),
+              (std::vector<std::string>{"Sopralluogo:1", "Esame e studio della pratica:2",
+                                        before[1].substr(0, before[1].find(':')) + ":3"}));
+    // Ready for the next action, proposed for today (20/03/2025): after the
+    // action of 17/03/2025, now number 3.
+    EXPECT_EQ(lines[3]["controlli"]["FNumOrdine"]["testo"], "4");
+    EXPECT_EQ(lines[3]["controlli"]["FData"]["testo"], "20/03/2025");
+}
+
+TEST_F(ParcellaWritingTest, TheOverMaximumQuestionTakesTheScriptsAnswer)
+{
+    const std::string question = "ATTENZIONE : L'importo e' superiore al massimo tariffario.\r\r"
+                                 "[OK]              Effettua il salvataggio\r"
+                                 "[ANNULLA]   Annulla l'operazione.";
+    const Outcome run = writing(
+        {R"({"imposta": "FNumOrdine", "valore": "1"})", R"({"imposta": "cmbVoce", "valore": "Oltre il massimo"})",
+         R"({"imposta": "FDenMaxT", "valore": "5.00"})", R"({"imposta": "FImporto", "valore": "10.00"})",
+         R"({"click": "cmdAggiungi", "risposte": ["Annulla"]})", R"({"click": "cmdAggiungi", "risposte": ["OK"]})"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const auto lines = answers(run);
+    ASSERT_EQ(lines.size(), 6u);
+    ASSERT_EQ(lines[4]["messaggi"].size(), 1u);
+    EXPECT_EQ(lines[4]["messaggi"][0]["testo"], question);
+    EXPECT_EQ(lines[4]["messaggi"][0]["pulsanti"], json({"OK", "Annulla"}));
+    EXPECT_EQ(lines[4]["messaggi"][0]["risposta"], "Annulla");
+    EXPECT_EQ(descriptions(lines[4]).size(), 2u);
+    EXPECT_EQ(lines[5]["messaggi"][0]["risposta"], "OK");
+    EXPECT_EQ(descriptions(lines[5]).front(), "Oltre il massimo:1");
+    EXPECT_EQ(descriptions(lines[5]).size(), 3u);
+}
+
+TEST_F(ParcellaWritingTest, DeletingAsksAndTakesTheAnswers)
+{
+    const Outcome run =
+        writing({R"({"scegli": "GrigliaParcella", "riga": 0})", R"({"click": "cmdCancella", "risposte": ["No"]})",
+                 R"({"scegli": "GrigliaParcella", "riga": 0})", R"({"click": "cmdCancella", "risposte": ["Si"]})"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const auto lines = answers(run);
+    ASSERT_EQ(lines.size(), 4u);
+    EXPECT_EQ(lines[1]["messaggi"][0]["testo"],
+              "ATTENZIONE : Confermi la cancellazione dell'Azione \rEsame e studio della pratica ? ");
+    EXPECT_EQ(lines[1]["messaggi"][0]["pulsanti"], json({"Si", "No"}));
+    EXPECT_EQ(descriptions(lines[1]).size(), 2u);
+    EXPECT_EQ(descriptions(lines[3]).size(), 1u);
+    EXPECT_EQ(descriptions(lines[3])[0].substr(descriptions(lines[3])[0].find(':')), ":1");
+}
+
+TEST_F(ParcellaWritingTest, AnUnansweredDeleteQuestionStopsBeforeAnythingIsWritten)
+{
+    const Outcome run = writing({R"({"scegli": "GrigliaParcella", "riga": 0})", R"({"click": "cmdCancella"})"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_NE(run.err.find("line 2: a question without an answer: ATTENZIONE : Confermi la cancellazione"),
+              std::string::npos)
+        << run.err;
+    // The database still holds both tariff actions.
+    const Outcome again = writing({R"({"stato": true})"});
+    ASSERT_EQ(again.status, 0) << again.err;
+    EXPECT_EQ(descriptions(answers(again)[0]).size(), 2u);
+}
+
 TEST_F(ParcellaCommandTest, BadArgumentsAreRefusedWithStatusOne)
 {
     const Outcome badDate =

@@ -63,9 +63,9 @@ protected:
                 file << line << '\n';
             }
         }
-        const std::vector<std::string> words = {AVLOR_COMMAND, "--db",   db.location(), "parcella", "--pratica",
-                                                "7",           "--data", "15/03/2005",  "--oggi",   "15/03/2005",
-                                                "--script",    script};
+        const std::vector<std::string> words = {AVLOR_COMMAND, "--db",       db.location(), "parcella",
+                                                "--pratica",   "7",          "--data",      "15/03/2005",
+                                                "--oggi",      "15/03/2005", "--script",    script};
         int pipeEnds[2];
         if (::pipe2(pipeEnds, O_CLOEXEC) != 0) {
             throw std::runtime_error("pipe");
