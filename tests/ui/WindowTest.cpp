@@ -108,9 +108,10 @@ TEST_F(Window, TheGridHasItsFourteenCaptionedColumnsWithTheKeysAndFlagsHidden)
 {
     openWindow(7, "15/03/2005");
     auto* grid = widget<QTableWidget>("GrigliaParcella");
-    const std::vector<std::string> captions = {"IDAZIONE",   "",           "",           "Data",        "Azione",
-                                               "",           "Diritti",    "Onorari  ",  "Spese Imp.",  "Spese Esen.",
-                                               "Eseguito da", "HH:MM",     "IdEseguito", "IsNotaSpese"};
+    const std::vector<std::string> captions = {
+        "IDAZIONE",   "",           "",           "Data",        "Azione",      "",
+        "Diritti",    "Onorari  ",  "Spese Imp.", "Spese Esen.", "Eseguito da", "HH:MM",
+        "IdEseguito", "IsNotaSpese"};
     ASSERT_EQ(grid->columnCount(), 14);
     std::vector<std::string> shownCaptions;
     std::vector<int> visible;

@@ -54,10 +54,7 @@ bool amountGridField(const std::string& field)
 
 // The label text of a label control: its caption, or its text when the
 // dialog writes that instead.
-QString labelText(const Control& control)
-{
-    return qtext(control.caption.empty() ? control.text : control.caption);
-}
+QString labelText(const Control& control) { return qtext(control.caption.empty() ? control.text : control.caption); }
 
 } // namespace
 
@@ -141,8 +138,8 @@ void FeeEntryWindow::build()
             if (control.kind == ControlKind::NumberField) {
                 // Digits, a sign and a decimal part; the dialog reads the
                 // text leniently.
-                field->setValidator(
-                    new QRegularExpressionValidator(QRegularExpression(QStringLiteral("-?[0-9]*([.,][0-9]*)?")), field));
+                field->setValidator(new QRegularExpressionValidator(
+                    QRegularExpression(QStringLiteral("-?[0-9]*([.,][0-9]*)?")), field));
             }
             widget = field;
             break;
@@ -202,14 +199,14 @@ void FeeEntryWindow::build()
     // Labels name the field beside them (their accelerators and screen
     // readers use it).
     for (const auto& [label, field] : std::vector<std::pair<const char*, const char*>>{{"lblImporto", "FImporto"},
-                                                                                      {"lblImponibili", "FImponibili"},
-                                                                                      {"lblEsenti", "FEsenti"},
-                                                                                      {"lblMinT", "FDenMinT"},
-                                                                                      {"lblMaxT", "FDenMaxT"},
-                                                                                      {"lblMinS", "FDenMinS"},
-                                                                                      {"lblMaxS", "FDenMaxS"},
-                                                                                      {"lblOre", "FOre"},
-                                                                                      {"lblMinuti", "FMinuti"}}) {
+                                                                                       {"lblImponibili", "FImponibili"},
+                                                                                       {"lblEsenti", "FEsenti"},
+                                                                                       {"lblMinT", "FDenMinT"},
+                                                                                       {"lblMaxT", "FDenMaxT"},
+                                                                                       {"lblMinS", "FDenMinS"},
+                                                                                       {"lblMaxS", "FDenMaxS"},
+                                                                                       {"lblOre", "FOre"},
+                                                                                       {"lblMinuti", "FMinuti"}}) {
         static_cast<QLabel*>(widgetOf(label))->setBuddy(widgetOf(field));
     }
 
@@ -300,8 +297,8 @@ void FeeEntryWindow::build()
     {
         auto* row = new QHBoxLayout;
         row->addWidget(widgetOf("fraImporto"), 3);
-        for (const auto& [label, frameName] :
-             std::vector<std::pair<const char*, const char*>>{{"lblMINMAXT", "fraMinMax"}, {"lblMINMAXS", "fraStaord"}}) {
+        for (const auto& [label, frameName] : std::vector<std::pair<const char*, const char*>>{
+                 {"lblMINMAXT", "fraMinMax"}, {"lblMINMAXS", "fraStaord"}}) {
             auto* column = new QVBoxLayout;
             column->addWidget(widgetOf(label));
             column->addWidget(widgetOf(frameName), 1);
@@ -322,6 +319,14 @@ void FeeEntryWindow::build()
     main->addWidget(grid_, 1);
     for (const char* field : {"FData", "FNumOrdine", "FQuantita"}) {
         widgetOf(field)->setMinimumWidth(90);
+    }
+    for (const char* field : {"FNumOrdine", "FQuantita"}) {
+        widgetOf(field)->setMaximumWidth(120);
+    }
+    // The frames of the short fields keep to their size; the performer's
+    // takes the room left.
+    for (const char* name : {"fraData", "fraOrdine", "fraN", "fraTempo"}) {
+        widgetOf(name)->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     }
     for (const char* field : {"FOre", "FMinuti"}) {
         widgetOf(field)->setMaximumWidth(70);
@@ -379,8 +384,9 @@ void FeeEntryWindow::connectSignals()
             break;
         case ControlKind::TextBox:
         case ControlKind::NumberField:
-            connect(static_cast<QLineEdit*>(widget), &QLineEdit::textEdited, this,
-                    [this, name](const QString& text) { forward([&] { dialog_.typeText(name, text.toStdString()); }); });
+            connect(static_cast<QLineEdit*>(widget), &QLineEdit::textEdited, this, [this, name](const QString& text) {
+                forward([&] { dialog_.typeText(name, text.toStdString()); });
+            });
             break;
         case ControlKind::MoneyField: {
             auto* field = static_cast<QLineEdit*>(widget);
@@ -402,8 +408,9 @@ void FeeEntryWindow::connectSignals()
             connect(list, &QComboBox::activated, this,
                     [this, name](int row) { forward([&] { dialog_.choose(name, row); }); });
             if (list->isEditable()) {
-                connect(list->lineEdit(), &QLineEdit::textEdited, this,
-                        [this, name](const QString& text) { forward([&] { dialog_.setText(name, text.toStdString()); }); });
+                connect(list->lineEdit(), &QLineEdit::textEdited, this, [this, name](const QString& text) {
+                    forward([&] { dialog_.setText(name, text.toStdString()); });
+                });
             }
             break;
         }
@@ -513,9 +520,10 @@ void FeeEntryWindow::showControl(const Control& control)
         }
         bool same = list->count() == static_cast<int>(control.rows.size());
         for (int r = 0; same && r < list->count(); ++r) {
-            same = list->itemText(r) == qtext(control.rows[static_cast<std::size_t>(r)].empty()
-                                                  ? std::string()
-                                                  : control.rows[static_cast<std::size_t>(r)].front()) &&
+            same = list->itemText(r) ==
+                    qtext(control.rows[static_cast<std::size_t>(r)].empty()
+                              ? std::string()
+                              : control.rows[static_cast<std::size_t>(r)].front()) &&
                 list->keyAt(r) == control.keys[static_cast<std::size_t>(r)];
         }
         if (!same) {
