@@ -112,8 +112,19 @@ TEST_F(WindowActions, DeletingAnInvoicedActionAndDeclining)
     clickGridRowOf(id);
     // Whatever is asked before, the deletion of an invoiced action is
     // declined.
-    BoxAnswerer answers([](const SeenBox& box) -> std::string {
+    // The invoiced question comes while the dialog works on the database:
+    // the pointer is the ordinary one over the question and the wait cursor
+    // under it.
+    std::vector<Qt::CursorShape> pointers;
+    BoxAnswerer answers([&pointers](const SeenBox& box) -> std::string {
         const bool invoiced = box.text.find("attur") != std::string::npos;
+        if (invoiced && QApplication::overrideCursor() != nullptr) {
+            pointers.push_back(QApplication::overrideCursor()->shape());
+            QApplication::restoreOverrideCursor();
+            pointers.push_back(QApplication::overrideCursor() != nullptr ? QApplication::overrideCursor()->shape()
+                                                                         : Qt::BitmapCursor);
+            QApplication::setOverrideCursor(Qt::ArrowCursor);
+        }
         if (std::find(box.buttons.begin(), box.buttons.end(), "No") != box.buttons.end())
             return invoiced ? "No" : "Sì";
         if (std::find(box.buttons.begin(), box.buttons.end(), "Annulla") != box.buttons.end())
@@ -122,6 +133,8 @@ TEST_F(WindowActions, DeletingAnInvoicedActionAndDeclining)
     });
     clickOn("cmdCancella");
     ASSERT_FALSE(answers.seen.empty());
+    EXPECT_EQ(pointers, (std::vector<Qt::CursorShape>{Qt::ArrowCursor, Qt::WaitCursor}));
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
     EXPECT_EQ(actions(), 1);
     EXPECT_EQ(gridShown().size(), 1u);
     expectGridIsTheDialogs();
