@@ -16,6 +16,7 @@
 #include "avlor/core/Messages.h"
 #include "avlor/dialog/Clock.h"
 #include "avlor/dialog/frmOKParcella.h"
+#include "avlor/ui/OpenWindow.h"
 
 namespace avlor::cli {
 
@@ -133,6 +134,36 @@ void runStep(dialog::frmOKParcella& dialog, const json& step)
     }
 }
 
+std::shared_ptr<const dialog::Clock> clockFor(const Options& options)
+{
+    if (options.oggi.empty())
+        return std::make_shared<dialog::SystemClock>();
+    return std::make_shared<dialog::FixedClock>(dayArgument("--oggi", options.oggi));
+}
+
+std::string workDate(const Options& options, const dialog::Clock& clock)
+{
+    return options.data.empty() ? clock.today().toDayFirst() : dayArgument("--data", options.data).toDayFirst();
+}
+
+// The window on the case file, as a user at a desktop opens it: the command
+// returns once the window has been closed.
+void openWindow(const Context& context, const Options& options)
+{
+    ui::FeeEntryRequest request;
+    request.clock = clockFor(options);
+    request.data = workDate(options, *request.clock);
+    request.idPratica = options.pratica;
+    request.parti = options.parti;
+    request.adempimento = options.adempimento;
+    context.openPracticeDatabase();
+    try {
+        ui::showFeeEntryWindow(request);
+    } catch (const dialog::DialogError& e) {
+        throw CommandError(e.what());
+    }
+}
+
 void runScript(const Context& context, const Options& options)
 {
     std::istream* in = &std::cin;
@@ -144,11 +175,8 @@ void runScript(const Context& context, const Options& options)
         in = &file;
     }
 
-    auto clock = options.oggi.empty() ? std::shared_ptr<const dialog::Clock>(std::make_shared<dialog::SystemClock>())
-                                      : std::shared_ptr<const dialog::Clock>(
-                                            std::make_shared<dialog::FixedClock>(dayArgument("--oggi", options.oggi)));
-    const std::string data =
-        options.data.empty() ? clock->today().toDayFirst() : dayArgument("--data", options.data).toDayFirst();
+    const auto clock = clockFor(options);
+    const std::string data = workDate(options, *clock);
 
     context.openPracticeDatabase();
 
@@ -206,9 +234,9 @@ void addParcellaCommand(CLI::App& app, Context& context)
     auto options = std::make_shared<Options>();
     auto* parcella = app.add_subcommand(
         "parcella",
-        "Open the fee-entry dialog \"Parcellazione Adempimento\" on a case file and drive it from a "
-        "script of JSON lines (--script FILE, or - for standard input); each line is answered with the "
-        "dialog's state as one JSON line");
+        "Open the fee-entry dialog \"Parcellazione Adempimento\" on a case file: its window on the "
+        "desktop, or, with --script FILE (- for standard input), driven by a script of JSON lines, each "
+        "answered with the dialog's state as one JSON line");
     parcella->add_option("--pratica", options->pratica, "The case file (Pratica.ID_Pra)")->required();
     parcella->add_option("--parti", options->parti, "The client/opposing-party line shown by the dialog");
     parcella->add_option("--adempimento", options->adempimento, "The work done, shown by the dialog");
@@ -219,9 +247,9 @@ void addParcellaCommand(CLI::App& app, Context& context)
     parcella->add_option("--script", options->script, "The script: a file of JSON lines, or - for standard input");
     parcella->callback([&context, options] {
         if (options->script.empty())
-            throw CommandError("parcella needs --script FILE (or - for standard input): the dialog's window is not "
-                               "available in this build");
-        runScript(context, *options);
+            openWindow(context, *options);
+        else
+            runScript(context, *options);
     });
 }
 

@@ -6,10 +6,12 @@
 namespace avlor::cli {
 
 // avlor parcella --pratica ID [--parti TEXT] [--adempimento TEXT]
-//                [--data DD/MM/YYYY] [--oggi DD/MM/YYYY] --script FILE|-
+//                [--data DD/MM/YYYY] [--oggi DD/MM/YYYY] [--script FILE|-]
 //
-// Opens the fee-entry dialog "Parcellazione Adempimento" on a case file
-// without a screen and drives it from a script: one JSON object per line,
+// Opens the fee-entry dialog "Parcellazione Adempimento" on a case file.
+// Without --script it opens its window on the desktop and returns once the
+// user has closed it (an error, status 1, when there is no display).
+// With --script it runs without a screen and is driven from a script: one JSON object per line,
 // each answered with one JSON line holding the state after it (see
 // DialogJson.h). The steps:
 //   {"click": NAME}                          a button, an option, a check box (toggles)

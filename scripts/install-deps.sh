@@ -7,6 +7,10 @@ set -euo pipefail
 # libpq-dev: the PostgreSQL backend of the data layer (always built).
 # postgresql: the server the test suite starts for its PostgreSQL runs
 # (AVLOR_WITH_POSTGRES_TESTS=1, as scripts/test.sh sets it).
+# qt6-base-dev: the Qt 6 Widgets window of the fee-entry dialog (ui/); its
+# tests run on Qt's offscreen platform, which needs nothing more.
+# xvfb, xauth: the X virtual framebuffer under which one test opens the window
+# as a desktop user would and takes its screenshot (xvfb-run needs xauth).
 packages=(
   g++ cmake ninja-build pkg-config git
   libsqlite3-dev sqlite3
@@ -17,6 +21,8 @@ packages=(
   libgtest-dev libgmock-dev
   libbenchmark-dev
   clang-format
+  qt6-base-dev
+  xvfb xauth
 )
 if [[ "${AVLOR_WITH_POSTGRES_TESTS:-}" == 1 ]]; then
   packages+=(postgresql)

@@ -1,20 +1,25 @@
 #include "avlor/component/ClsParcella.h"
 
-#include "avlor/core/Error.h"
 #include "avlor/core/ErrorTrap.h"
+#include "avlor/core/Format.h"
+#include "avlor/core/Locale.h"
 #include "avlor/engine/CalcolaTariffaModulo.h"
+#include "avlor/ui/OpenWindow.h"
 
 namespace avlor {
 
 void ClsParcella::ShowDialogParcellazione(std::int32_t IdPratica, const std::string& aszParti,
                                           const std::string& aszAdempimento, Date aData)
 {
-    static_cast<void>(aszParti);
-    static_cast<void>(aszAdempimento);
-    static_cast<void>(aData);
-    throw Error("The fee-entry dialog \"Parcellazione Adempimento\" is not available in this build of AvlorLogic "
-                "(case file " +
-                std::to_string(IdPratica) + "); it will be completed in a later version.");
+    // A fresh dialog for each call, given the date as the user's locale
+    // writes it short, shown modally with no owner; everything is released
+    // when it has closed.
+    ui::FeeEntryRequest request;
+    request.idPratica = IdPratica;
+    request.parti = aszParti;
+    request.adempimento = aszAdempimento;
+    request.data = formatShortDate(aData, Locale::user());
+    ui::showFeeEntryWindow(request);
 }
 
 Currency ClsParcella::CalcolaTariffa(Currency& cValore, std::int16_t& vRil, std::string& sTabella, std::int16_t& bInd,

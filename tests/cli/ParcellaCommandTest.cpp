@@ -1,4 +1,4 @@
-// avlor parcella --script: the fee-entry dialog driven without a screen, run
+// avlor parcella: the fee-entry dialog driven without a screen by a script, run
 // as a support person or a script runs it, against a demo practice database.
 // Each step's answer line is compared field by field; the error paths end
 // with exit status 2 and one line on standard error.
@@ -37,11 +37,12 @@ protected:
     }
     static void TearDownTestSuite() { fs::remove_all(folder); }
 
-    static Outcome avlor(const std::vector<std::string>& words, const fs::path& input = {})
+    static Outcome avlor(const std::vector<std::string>& words, const fs::path& input = {},
+                         const std::string& environment = "")
     {
         // A neutral locale: amounts read "1,234.50" whatever the machine's.
         avlor::test::RunOptions options;
-        options.environment = "AVLOR_SETTINGS=" + avlor::test::shellQuoted(settings) + " LC_ALL=C";
+        options.environment = "AVLOR_SETTINGS=" + avlor::test::shellQuoted(settings) + " LC_ALL=C " + environment;
         if (!input.empty())
             options.shellBefore = "exec <" + avlor::test::shellQuoted(input.string()) + ";";
         return avlor::test::runAvlor(words, folder, options);
@@ -380,11 +381,9 @@ TEST_F(ParcellaCommandTest, BadArgumentsAreRefusedWithStatusOne)
     EXPECT_EQ(badDate.status, 1);
     EXPECT_EQ(badDate.err, "avlor: error: --data takes a date as DD/MM/YYYY, not \"31/02/2025\"\n");
 
-    const Outcome noScript = avlor({"--db", database, "parcella", "--pratica", "1"});
-    EXPECT_EQ(noScript.status, 1);
-    EXPECT_EQ(noScript.err,
-              "avlor: error: parcella needs --script FILE (or - for standard input): the dialog's "
-              "window is not available in this build\n");
+    const Outcome noWindow = avlor({"--db", database, "parcella", "--pratica", "1", "--data", "31/02/2025"});
+    EXPECT_EQ(noWindow.status, 1);
+    EXPECT_EQ(noWindow.err, "avlor: error: --data takes a date as DD/MM/YYYY, not \"31/02/2025\"\n");
 
     const Outcome missingScript =
         avlor({"--db", database, "parcella", "--pratica", "1", "--script", (folder / "none.jsonl").string()});
@@ -395,6 +394,27 @@ TEST_F(ParcellaCommandTest, BadArgumentsAreRefusedWithStatusOne)
     const Outcome noDatabase = avlor({"--db", missingDb, "parcella", "--pratica", "1", "--script", "-"});
     EXPECT_EQ(noDatabase.status, 1);
     EXPECT_EQ(noDatabase.err.rfind("avlor: error: no practice database at " + missingDb, 0), 0u) << noDatabase.err;
+}
+
+// Without --script the command opens the window, as a user at a desktop
+// opens the fee entry from the shell.
+TEST_F(ParcellaCommandTest, WithoutAScriptTheWindowOpensAndTheCommandEndsWhenItIsClosed)
+{
+    const Outcome run = avlor({"--db", database, "parcella", "--pratica", "1", "--parti", "Rossi / Bianchi",
+                               "--adempimento", "Udienza", "--data", "15/03/2025"},
+                              {}, "QT_QPA_PLATFORM=offscreen AVLOR_UI_CLOSE_AFTER_MS=300");
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out, "");
+}
+
+TEST_F(ParcellaCommandTest, WithoutAScriptAndWithoutADisplayTheCommandSaysSo)
+{
+    const Outcome run =
+        avlor({"--db", database, "parcella", "--pratica", "1"}, {}, "DISPLAY= WAYLAND_DISPLAY= QT_QPA_PLATFORM=");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err,
+              "avlor: error: The fee-entry dialog \"Parcellazione Adempimento\" cannot be shown: there is "
+              "no display (DISPLAY and WAYLAND_DISPLAY are not set, nor is QT_QPA_PLATFORM).\n");
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "../core/EnvironmentGuard.h"
 #include "TestDatabase.h"
 #include "avlor/component/LateBound.h"
 #include "avlor/core/Error.h"
@@ -173,12 +174,42 @@ TEST_F(LateBoundTest, CalcolaTariffaRefusesANullAmountBeforePricing)
     EXPECT_THROW(parcella->invoke("CalcolaTariffa", args), ValueError);
 }
 
-TEST_F(LateBoundTest, ShowDialogParcellazioneSaysTheDialogIsNotAvailable)
+TEST_F(LateBoundTest, ShowDialogParcellazioneWithoutADisplaySaysSo)
 {
+    test::EnvironmentGuard environment{"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        test::EnvironmentGuard::unset(name);
     std::vector<Value> args{Value(1), Value("Rossi / Bianchi"), Value("Atto di citazione"),
                             Value(Date::fromYmd(2025, 3, 10))};
     auto parcella = CreateObject("AvlorLogic.ClsParcella");
-    EXPECT_THROW(parcella->invoke("ShowDialogParcellazione", args), Error);
+    try {
+        parcella->invoke("ShowDialogParcellazione", args);
+        FAIL() << "the dialog was reported as shown";
+    } catch (const Error& e) {
+        EXPECT_NE(std::string(e.what()).find("cannot be shown: there is no display"), std::string::npos) << e.what();
+    }
+}
+
+TEST_F(LateBoundTest, ShowDialogParcellazioneOpensTheWindowAndReturnsOnceItIsClosed)
+{
+    // A host with no Qt application of its own, on Qt's offscreen platform;
+    // the window is closed as a user would close it, after a moment.
+    test::EnvironmentGuard environment{"QT_QPA_PLATFORM", "AVLOR_UI_CLOSE_AFTER_MS", "AVLOR_SETTINGS"};
+    test::EnvironmentGuard::set("QT_QPA_PLATFORM", "offscreen");
+    test::EnvironmentGuard::set("AVLOR_UI_CLOSE_AFTER_MS", "200");
+    test::EnvironmentGuard::set("AVLOR_SETTINGS", (db.folder() / "Avlor32.ini").string());
+    db.exec("INSERT INTO Pratica (ID_Pra, Valore, Valuta, Cambio, Rilevanza, Autorita) VALUES (7, " +
+            TestDatabase::amount("25000") + ", 'EURO', " + TestDatabase::amount("1") + ", 50, 'Tribunale')");
+    const auto before = setMessageBoxes(nullptr);
+    setMessageBoxes(before);
+    std::vector<Value> args{Value(7), Value("Rossi / Bianchi"), Value("Atto di citazione"),
+                            Value(Date::fromYmd(2025, 3, 10))};
+    auto parcella = CreateObject("AvlorLogic.ClsParcella");
+    // Twice: each call has a fresh dialog and its own application.
+    EXPECT_NO_THROW(parcella->invoke("ShowDialogParcellazione", args));
+    EXPECT_NO_THROW(parcella->invoke("ShowDialogParcellazione", args));
+    // The message boxes in force before are back.
+    EXPECT_EQ(setMessageBoxes(before), before);
 }
 
 TEST_F(LateBoundTest, UsersOperationsWithNumbersTextsAndNull)

@@ -1,7 +1,14 @@
 /*
  * A host written in C: it loads the component through its C interface and
- * checks what the demo practice database answers. Usage: c_host DATABASE.
- * Exits 0 when every check holds, 1 otherwise, naming each failed check.
+ * checks what the demo practice database answers. Usage: c_host DATABASE
+ * [window|no-display]. Exits 0 when every check holds, 1 otherwise, naming
+ * each failed check.
+ *
+ * With "window" it also opens the fee-entry window through
+ * ShowDialogParcellazione, as a host without any Qt application of its own
+ * does (the test runs it on Qt's offscreen platform and has the window
+ * closed after a moment); with "no-display" it checks that the same call
+ * without a display fails with one clear message.
  */
 #include <stdio.h>
 #include <string.h>
@@ -38,11 +45,86 @@ static int record_message(const char* text, const char* title, void* user_data)
     return 0;
 }
 
+/* ShowDialogParcellazione on case file 1 of the demo firm. */
+static int show_dialog(void)
+{
+    avlor_object* parcella = NULL;
+    expect_status("create ClsParcella for the dialog", avlor_create("AvlorLogic.ClsParcella", &parcella), AVLOR_OK);
+    avlor_value* args[4];
+    args[0] = avlor_value_long(1);
+    args[1] = avlor_value_text("Rossi Mario / Bianchi SpA");
+    args[2] = avlor_value_text("Udienza di trattazione");
+    args[3] = avlor_value_text("17/03/2025");
+    avlor_value* result = NULL;
+    const int status = avlor_call(parcella, "ShowDialogParcellazione", args, 4, &result);
+    avlor_value_free(result);
+    for (int i = 0; i < 4; ++i)
+        avlor_value_free(args[i]);
+    avlor_release(parcella);
+    return status;
+}
+
+static void check_window(void)
+{
+    int shown = 0;
+    avlor_set_message_callback(record_message, &shown);
+    /* Twice: each call makes its dialog (and its Qt application) afresh. */
+    expect_status("ShowDialogParcellazione", show_dialog(), AVLOR_OK);
+    expect_status("ShowDialogParcellazione again", show_dialog(), AVLOR_OK);
+
+    /* The host's message callback is in force again once the window is gone. */
+    avlor_object* parcella = NULL;
+    expect_status("create ClsParcella after the dialog", avlor_create("AvlorLogic.ClsParcella", &parcella), AVLOR_OK);
+    avlor_value* args[10];
+    args[0] = avlor_value_currency("5200");
+    args[1] = avlor_value_long(50);
+    args[2] = avlor_value_text("OnorariStrag2004Euro");
+    args[3] = avlor_value_boolean(0);
+    args[4] = avlor_value_long(99);
+    for (int i = 5; i < 9; ++i)
+        args[i] = avlor_value_currency("0");
+    args[9] = avlor_value_text("");
+    avlor_value* result = NULL;
+    expect_status("CalcolaTariffa after the dialog", avlor_call(parcella, "CalcolaTariffa", args, 10, &result),
+                  AVLOR_OK);
+    if (shown != 1) {
+        fprintf(stderr, "FAILED message callback after the dialog: %d messages\n", shown);
+        ++failures;
+    }
+    avlor_value_free(result);
+    for (int i = 0; i < 10; ++i)
+        avlor_value_free(args[i]);
+    avlor_release(parcella);
+    avlor_set_message_callback(NULL, NULL);
+}
+
+static void check_no_display(void)
+{
+    expect_status("ShowDialogParcellazione without a display", show_dialog(), AVLOR_FAILED);
+    expect_text("no display message", avlor_last_error(),
+                "The fee-entry dialog \"Parcellazione Adempimento\" cannot be shown: there is no display (DISPLAY "
+                "and WAYLAND_DISPLAY are not set, nor is QT_QPA_PLATFORM).");
+}
+
 int main(int argc, char** argv)
 {
-    if (argc != 2) {
-        fprintf(stderr, "usage: c_host DATABASE\n");
+    if (argc != 2 && argc != 3) {
+        fprintf(stderr, "usage: c_host DATABASE [window|no-display]\n");
         return 2;
+    }
+    if (argc == 3) {
+        expect_status("set database", avlor_set_database(argv[1]), AVLOR_OK);
+        if (strcmp(argv[2], "window") == 0) {
+            check_window();
+        } else if (strcmp(argv[2], "no-display") == 0) {
+            check_no_display();
+        } else {
+            fprintf(stderr, "usage: c_host DATABASE [window|no-display]\n");
+            return 2;
+        }
+        if (failures == 0)
+            printf("c_host %s: all checks passed\n", argv[2]);
+        return failures == 0 ? 0 : 1;
     }
     expect_status("set database", avlor_set_database(argv[1]), AVLOR_OK);
 

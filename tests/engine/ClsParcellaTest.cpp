@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "../core/EnvironmentGuard.h"
 #include "EngineCall.h"
 #include "EngineExpect.h"
 #include "FeeRowFixture.h"
@@ -134,16 +135,36 @@ TEST(ClsParcella, AFailingStatementIsTrapped)
     EXPECT_TRUE(messages.recorder().shown().empty());
 }
 
-TEST(ClsParcella, TheFeeEntryDialogIsNotAvailableInThisBuild)
+TEST(ClsParcella, WithoutADisplayTheFeeEntryDialogRaisesOneClearError)
 {
+    test::EnvironmentGuard environment{"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        test::EnvironmentGuard::unset(name);
     ClsParcella parcella;
     try {
         parcella.ShowDialogParcellazione(12, "Rossi / Bianchi", "Udienza", Date::fromYmd(2004, 6, 2));
         FAIL() << "the dialog was reported as shown";
     } catch (const Error& error) {
-        const std::string message = error.what();
-        EXPECT_NE(message.find("Parcellazione Adempimento"), std::string::npos) << message;
-        EXPECT_NE(message.find("not available in this build"), std::string::npos) << message;
+        EXPECT_STREQ(error.what(),
+                     "The fee-entry dialog \"Parcellazione Adempimento\" cannot be shown: there is no "
+                     "display (DISPLAY and WAYLAND_DISPLAY are not set, nor is QT_QPA_PLATFORM).");
+    }
+}
+
+TEST(ClsParcella, AnXDisplayThatCannotBeReachedIsReportedInsteadOfCrashing)
+{
+    test::EnvironmentGuard environment{"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+    test::EnvironmentGuard::unset("WAYLAND_DISPLAY");
+    test::EnvironmentGuard::unset("QT_QPA_PLATFORM");
+    test::EnvironmentGuard::set("DISPLAY", ":9876");
+    ClsParcella parcella;
+    try {
+        parcella.ShowDialogParcellazione(12, "Rossi / Bianchi", "Udienza", Date::fromYmd(2004, 6, 2));
+        FAIL() << "the dialog was reported as shown";
+    } catch (const Error& error) {
+        EXPECT_STREQ(error.what(),
+                     "The fee-entry dialog \"Parcellazione Adempimento\" cannot be shown: the X "
+                     "display \":9876\" cannot be reached.");
     }
 }
 

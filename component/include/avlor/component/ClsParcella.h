@@ -12,7 +12,10 @@ namespace avlor {
 class ClsParcella {
 public:
     // Opens the fee-entry dialog "Parcellazione Adempimento" for case file
-    // IdPratica. Not available in this build: raises avlor::Error saying so.
+    // IdPratica, with the parties line, the work done and the date of the
+    // work, and returns once the user has closed it. Works whether or not the
+    // host runs a Qt application (see avlor/ui/OpenWindow.h); raises
+    // avlor::Error, saying why, when there is no display to show it on.
     void ShowDialogParcellazione(std::int32_t IdPratica, const std::string& aszParti, const std::string& aszAdempimento,
                                  Date aData);
 

@@ -1,0 +1,203 @@
+#include "avlor/ui/OpenWindow.h"
+
+#include <dlfcn.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QLibraryInfo>
+#include <QThread>
+#include <QTimer>
+
+#include <clocale>
+#include <cstdlib>
+#include <vector>
+
+#include "avlor/core/Error.h"
+#include "avlor/dialog/frmOKParcella.h"
+#include "avlor/ui/FeeEntryWindow.h"
+
+namespace avlor::ui {
+
+namespace {
+
+std::string environment(const char* name)
+{
+    const char* value = std::getenv(name);
+    return value != nullptr ? std::string(value) : std::string();
+}
+
+std::vector<std::string> split(const std::string& text, char separator)
+{
+    std::vector<std::string> parts;
+    std::size_t start = 0;
+    while (start <= text.size()) {
+        const std::size_t end = std::min(text.find(separator, start), text.size());
+        if (end > start) {
+            parts.push_back(text.substr(start, end - start));
+        }
+        start = end + 1;
+    }
+    return parts;
+}
+
+// Whether Qt can load the platform plugin called `platform` ("xcb",
+// "wayland", "offscreen"...): its library in one of the folders Qt looks in.
+bool platformInstalled(const std::string& platform)
+{
+    QStringList folders;
+    for (const std::string& folder : split(environment("QT_QPA_PLATFORM_PLUGIN_PATH"), ':')) {
+        folders << QString::fromStdString(folder);
+    }
+    for (const std::string& folder : split(environment("QT_PLUGIN_PATH"), ':')) {
+        folders << QString::fromStdString(folder) + QStringLiteral("/platforms");
+    }
+    folders << QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms");
+    const QString prefix = QStringLiteral("libq") + QString::fromStdString(platform);
+    for (const QString& folder : folders) {
+        for (const QString& file : QDir(folder).entryList({prefix + QStringLiteral("*.so")}, QDir::Files)) {
+            static_cast<void>(file);
+            return true;
+        }
+    }
+    return false;
+}
+
+// Whether the X server of `display` accepts a connection, asked the way Qt's
+// own X platform asks (through libxcb, loaded only for the question).
+bool xDisplayAnswers(const std::string& display)
+{
+    void* xcb = dlopen("libxcb.so.1", RTLD_NOW | RTLD_LOCAL);
+    if (xcb == nullptr) {
+        return false;
+    }
+    using Connect = void* (*)(const char*, int*);
+    using HasError = int (*)(void*);
+    using Disconnect = void (*)(void*);
+    const auto connectTo = reinterpret_cast<Connect>(dlsym(xcb, "xcb_connect"));
+    const auto hasError = reinterpret_cast<HasError>(dlsym(xcb, "xcb_connection_has_error"));
+    const auto disconnect = reinterpret_cast<Disconnect>(dlsym(xcb, "xcb_disconnect"));
+    bool answers = false;
+    if (connectTo != nullptr && hasError != nullptr && disconnect != nullptr) {
+        int screen = 0;
+        void* connection = connectTo(display.c_str(), &screen);
+        answers = connection != nullptr && hasError(connection) == 0;
+        if (connection != nullptr) {
+            disconnect(connection);
+        }
+    }
+    dlclose(xcb);
+    return answers;
+}
+
+std::optional<std::string> platformProblem(const std::string& platform)
+{
+    if (!platformInstalled(platform)) {
+        return "the Qt platform \"" + platform + "\" is not installed";
+    }
+    if (platform == "xcb") {
+        const std::string display = environment("DISPLAY");
+        if (display.empty()) {
+            return std::string("no X display is set (DISPLAY is empty)");
+        }
+        if (!xDisplayAnswers(display)) {
+            return "the X display \"" + display + "\" cannot be reached";
+        }
+    } else if (platform.rfind("wayland", 0) == 0) {
+        if (environment("WAYLAND_DISPLAY").empty()) {
+            return std::string("no Wayland display is set (WAYLAND_DISPLAY is empty)");
+        }
+    }
+    return std::nullopt;
+}
+
+// The application made for a host that runs none, for the time the window is
+// open. Qt sets the C library's locale from the environment when it starts;
+// the locale the host had is put back, so that the host's own reading and
+// writing of numbers does not change under it.
+class OwnApplication {
+public:
+    OwnApplication()
+    {
+        const char* current = std::setlocale(LC_ALL, nullptr);
+        const std::string locale = current != nullptr ? current : "C";
+        application_ = std::make_unique<QApplication>(argc_, argv_);
+        std::setlocale(LC_ALL, locale.c_str());
+    }
+
+private:
+    static inline int argc_ = 1;
+    static inline char name_[] = "avlorlogic";
+    static inline char* argv_[] = {name_, nullptr};
+    std::unique_ptr<QApplication> application_;
+};
+
+std::string cannotShow(const std::string& why)
+{
+    return std::string("The fee-entry dialog \"") + dialog::CaptionDialogo + "\" cannot be shown: " + why + ".";
+}
+
+} // namespace
+
+std::optional<std::string> displayProblem()
+{
+    std::vector<std::string> platforms;
+    for (const std::string& choice : split(environment("QT_QPA_PLATFORM"), ';')) {
+        // "name:option=value" names the platform before the colon.
+        platforms.push_back(choice.substr(0, choice.find(':')));
+    }
+    if (platforms.empty()) {
+        if (!environment("DISPLAY").empty()) {
+            platforms.push_back("xcb");
+        } else if (!environment("WAYLAND_DISPLAY").empty()) {
+            platforms.push_back("wayland");
+        } else {
+            return std::string("there is no display (DISPLAY and WAYLAND_DISPLAY are not set, nor is QT_QPA_PLATFORM)");
+        }
+    }
+    // Qt tries the platforms in turn: one that can start is enough.
+    std::optional<std::string> first;
+    for (const std::string& platform : platforms) {
+        auto problem = platformProblem(platform);
+        if (!problem) {
+            return std::nullopt;
+        }
+        if (!first) {
+            first = problem;
+        }
+    }
+    return first;
+}
+
+void showFeeEntryWindow(const FeeEntryRequest& request)
+{
+    std::unique_ptr<OwnApplication> own;
+    if (QCoreApplication* running = QCoreApplication::instance()) {
+        if (qobject_cast<QApplication*>(running) == nullptr) {
+            throw Error(cannotShow("the host runs a Qt application without widgets (a QApplication is needed)"));
+        }
+        if (QThread::currentThread() != running->thread()) {
+            throw Error(cannotShow("it is opened on another thread than the one of the host's Qt application"));
+        }
+    } else {
+        if (const auto problem = displayProblem()) {
+            throw Error(cannotShow(*problem));
+        }
+        own = std::make_unique<OwnApplication>();
+    }
+
+    dialog::frmOKParcella dialog(request.clock);
+    FeeEntryWindow window(dialog);
+    if (!window.start(request.idPratica, request.parti, request.adempimento, request.data)) {
+        return;
+    }
+    // Automated tests of hosts close the window after a while, as a user
+    // would.
+    const std::string closeAfter = environment("AVLOR_UI_CLOSE_AFTER_MS");
+    if (!closeAfter.empty()) {
+        const int ms = std::atoi(closeAfter.c_str());
+        QTimer::singleShot(ms > 0 ? ms : 0, &window, &QDialog::reject);
+    }
+    window.exec();
+}
+
+} // namespace avlor::ui
