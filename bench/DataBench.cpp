@@ -8,6 +8,8 @@
 #include <string>
 
 #include <benchmark/benchmark.h>
+
+#include "RatioReporter.h"
 #include <sqlite3.h>
 
 #include "TestDatabase.h"
@@ -55,24 +57,6 @@ void ClsAccessoDati(benchmark::State& state)
 }
 BENCHMARK(ClsAccessoDati);
 
-// Prints each run as usual and keeps its time per iteration for the ratio.
-class RatioReporter : public benchmark::ConsoleReporter {
-public:
-    void ReportRuns(const std::vector<Run>& runs) override
-    {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run& run : runs) {
-            if (run.run_type == Run::RT_Iteration) {
-                times_[run.run_name.function_name] = run.GetAdjustedRealTime();
-            }
-        }
-    }
-    [[nodiscard]] const std::map<std::string, double>& times() const { return times_; }
-
-private:
-    std::map<std::string, double> times_;
-};
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -81,14 +65,9 @@ int main(int argc, char** argv)
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 1;
     }
-    RatioReporter reporter;
+    avlor::bench::RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    const auto& times = reporter.times();
-    const auto raw = times.find("RawSqlite");
-    const auto layer = times.find("ClsAccessoDati");
-    if (raw != times.end() && layer != times.end() && raw->second > 0) {
-        std::cout << "clsAccessoDati open+read / raw sqlite3 prepare+step: " << layer->second / raw->second << "\n";
-    }
+    reporter.printRatio("clsAccessoDati open+read / raw sqlite3 prepare+step", "ClsAccessoDati", "RawSqlite");
     benchmark::Shutdown();
     return 0;
 }

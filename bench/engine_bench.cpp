@@ -10,6 +10,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "RatioReporter.h"
+
 #include "TestDatabase.h"
 #include "avlor/core/Messages.h"
 #include "avlor/data/clsAccessoDati.h"
@@ -77,23 +79,6 @@ void OutOfCourtProposal(benchmark::State& state)
 }
 BENCHMARK(OutOfCourtProposal);
 
-// Prints each run as usual and keeps its time per iteration for the ratio.
-class RatioReporter : public benchmark::ConsoleReporter {
-public:
-    void ReportRuns(const std::vector<Run>& runs) override
-    {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run& run : runs) {
-            if (run.run_type == Run::RT_Iteration)
-                times_[run.run_name.function_name] = run.GetAdjustedRealTime();
-        }
-    }
-    [[nodiscard]] const std::map<std::string, double>& times() const { return times_; }
-
-private:
-    std::map<std::string, double> times_;
-};
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -101,14 +86,9 @@ int main(int argc, char** argv)
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;
-    RatioReporter reporter;
+    avlor::bench::RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    const auto& times = reporter.times();
-    const auto access = times.find("RecordAccess");
-    const auto proposal = times.find("RightsProposal");
-    if (access != times.end() && proposal != times.end() && access->second > 0)
-        std::cout << "CalcolaTariffaModulo rights proposal / bare record access: " << proposal->second / access->second
-                  << "\n";
+    reporter.printRatio("CalcolaTariffaModulo rights proposal / bare record access", "RightsProposal", "RecordAccess");
     benchmark::Shutdown();
     return 0;
 }
