@@ -37,9 +37,9 @@ const std::vector<std::string> ActionColumns = {"IdPra", "NOrdine",  "Data",    
 
 // What the application writes into actions, awkward values included: texts
 // with the characters a bulk load must escape, a text that reads like a
-// null marker, empty text beside null, dates as a date and as day-first
-// text, yes/no as a boolean and as text, amounts at the edge of their
-// precision, numbers into a text column.
+// null marker, a text holding a NUL, empty text beside null, dates as a
+// date and as day-first text, yes/no as a boolean and as text, amounts at
+// the edge of their precision, numbers into a text column.
 Rows awkwardActions(std::int32_t practice)
 {
     const Value p = Value::longValue(practice);
@@ -50,7 +50,7 @@ Rows awkwardActions(std::int32_t practice)
         {p, Value::integer(2), Value::text("02/06/2004"), Value::text("false"), Value::text(""), Value::null(),
          Value::longValue(3), Value::currency(Currency::fromText("-0.0001")), Value::dbl(0.1), Value::null()},
         {p, Value::longValue(3), Value::null(), Value::boolean(false), Value::text("àèìòù €"),
-         Value::text("\"quoted\", 'single'; semi"), Value::text("a\tb"), Value::currency(Currency()),
+         Value::text("\"quoted\", 'single'; semi"), Value::text(std::string("a\tb\0c", 5)), Value::currency(Currency()),
          Value::longValue(2), Value::longValue(-1)},
     };
 }

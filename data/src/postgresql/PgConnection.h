@@ -13,8 +13,8 @@
 //     rolled back afterwards, which undoes every setting the statement
 //     changed, and session locks it took are released, so the pooled
 //     session goes back to the next caller as it was. The layer's own writes
-//     (Update, AddNew, Delete, scripts, schema) run in explicit read-write
-//     transactions;
+//     (Update, AddNew, Delete, scripts, rows added in bulk, schema) run in
+//     explicit read-write transactions;
 //   - statement_timeout: a statement running longer than the time limit
 //     (Connection::DefaultStatementTimeLimit) is stopped with a DataError
 //     that says so;

@@ -46,7 +46,9 @@ int attributeOf(const PgTable& table, const std::string& column)
     return 0;
 }
 
-// Appends one field of COPY's text form.
+// Appends one field of COPY's text form. A statement parameter ends at its
+// first NUL (libpq passes C strings), and so does the field, so that a text
+// is stored the same whichever way it travels.
 void appendField(std::string& data, const std::optional<std::string>& value)
 {
     if (!value) {
@@ -55,6 +57,8 @@ void appendField(std::string& data, const std::optional<std::string>& value)
     }
     for (const char c : *value) {
         switch (c) {
+        case '\0':
+            return;
         case '\\':
             data += "\\\\";
             break;
