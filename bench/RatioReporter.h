@@ -18,7 +18,7 @@ public:
     {
         ConsoleReporter::ReportRuns(runs);
         for (const Run& run : runs) {
-            if (run.run_type == Run::RT_Iteration) {
+            if (run.run_type == Run::RT_Iteration && !run.error_occurred) {
                 times_[run.run_name.function_name] = run.GetAdjustedRealTime();
             }
         }

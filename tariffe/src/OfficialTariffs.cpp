@@ -139,8 +139,7 @@ OfficialTariffsResult loadOfficialTariffs(const OfficialTariffFiles& figures)
     tariffe_detail::writeAtomically(connection, [&] {
         for (const ShippedTable& table : tables)
             result.tables.push_back(tariffe_detail::writeItems(connection, table.content));
-        for (const TariffSource& source : sources)
-            tariffe_detail::writeSource(connection, source.table, source.id, source.fonte, source.note);
+        tariffe_detail::writeSources(connection, sources);
         result.sources = sources.size();
     });
     return result;

@@ -18,8 +18,11 @@ TariffImportResult importTariffText(std::string_view table, std::string_view tex
     TariffImportResult result;
     tariffe_detail::writeAtomically(connection, [&] {
         result = tariffe_detail::writeItems(connection, file);
+        std::vector<TariffSource> sources;
+        sources.reserve(file.rows.size());
         for (const TariffFileRow& row : file.rows)
-            tariffe_detail::writeSource(connection, name, row.id, source, std::nullopt);
+            sources.push_back({row.line, name, row.id, source, std::nullopt});
+        tariffe_detail::writeSources(connection, sources);
     });
     return result;
 }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "TestDatabase.h"
+#include "avlor/data/Connection.h"
 #include "avlor/data/DataError.h"
 #include "avlor/tariffe/TariffExport.h"
 #include "avlor/tariffe/TariffFileError.h"
@@ -53,6 +54,43 @@ const char* const CriminalSelect =
     "SELECT Id, CodiceTariffa, Azione, Autorita, PreturaMIN, PreturaMAX, TribunaleMIN, TribunaleMAX, GiuPaceMIN, "
     "GiuPaceMAX FROM OnorariPenali2004Euro ORDER BY Id";
 const char* const SourcesSelect = "SELECT Tabella, Id, Fonte, Note FROM FonteTariffe ORDER BY Tabella, Id";
+
+// A file of `count` items of OnorariPenali2004Euro numbered from `first`,
+// and the rows the table holds for them (as CriminalSelect reads them):
+// texts with commas and quotes, null and empty texts, amounts with cents,
+// at the edge of their precision and left empty.
+struct ItemsFile {
+    std::string text;
+    Rows rows;
+};
+
+ItemsFile itemsFile(std::int32_t first, std::size_t count, const std::string& code)
+{
+    ItemsFile file{"Id,CodiceTariffa,Azione,Autorita,TribunaleMIN,TribunaleMAX,GiuPaceMIN\n", {}};
+    for (std::int32_t item = first; item < first + static_cast<std::int32_t>(count); ++item) {
+        const std::string n = std::to_string(item);
+        const std::string cents = std::to_string(item % 1000) + ".25";
+        const bool large = item % 11 == 0;
+        file.text += n + ",\"" + code + n + "\"," +
+            (item % 5 == 0 ? "" : "\"Voce " + n + ", detta \"\"" + code + "\"\"\"") + "," +
+            (item % 3 == 0 ? "\"\"" : "\"Tribunale\"") + "," + cents + ",," + (large ? "1234567.8912" : "7") + "\n";
+        file.rows.push_back({id(item), Value::text(code + n),
+                             item % 5 == 0 ? Value::null() : Value::text("Voce " + n + ", detta \"" + code + "\""),
+                             Value::text(item % 3 == 0 ? "" : "Tribunale"), money("0"), money("0"),
+                             Value::currency(Currency::fromText(cents)), money("0"),
+                             large ? money("1234567.8912") : money("7"), money("0")});
+    }
+    return file;
+}
+
+// The FonteTariffe rows of items `first` to `last` of OnorariPenali2004Euro.
+Rows sourcesOf(std::int32_t first, std::int32_t last, const std::string& fonte)
+{
+    Rows rows;
+    for (std::int32_t item = first; item <= last; ++item)
+        rows.push_back({text("OnorariPenali2004Euro"), id(item), Value::text(fonte), Value::null()});
+    return rows;
+}
 
 class TariffImport : public testing::Test {
 protected:
@@ -194,6 +232,58 @@ TEST_F(TariffImport, DatabaseFailureHalfWayChangesNothing)
     else
         runOnTheSideOf(db, "DROP TRIGGER refuse_999");
     EXPECT_EQ(importTariffText("OnorariPenali2004Euro", "Id,CodiceTariffa\n7,\"5\"\n", "dopo").added, 1U);
+}
+
+// The items are written in batches (Connection::InsertBatchRows to a
+// statement on the server): a file of exactly one batch, then one of a
+// batch and one more item that replaces half of the first.
+TEST_F(TariffImport, BatchBoundariesStoreEveryItemAndItsSource)
+{
+    constexpr std::size_t batch = Connection::InsertBatchRows;
+    const ItemsFile whole = itemsFile(1, batch, "A");
+    TariffImportResult result = importTariffText("OnorariPenali2004Euro", whole.text, "prima");
+    EXPECT_EQ(result.added, batch);
+    EXPECT_EQ(result.replaced, 0U);
+    expectSameRows(db.rows(CriminalSelect), whole.rows);
+    expectSameRows(db.rows(SourcesSelect), sourcesOf(1, static_cast<std::int32_t>(batch), "prima"));
+
+    const auto half = static_cast<std::int32_t>(batch / 2);
+    const ItemsFile more = itemsFile(half + 1, batch + 1, "B");
+    result = importTariffText("OnorariPenali2004Euro", more.text, "seconda");
+    EXPECT_EQ(result.added, batch / 2 + 1);
+    EXPECT_EQ(result.replaced, batch / 2);
+    Rows expected(whole.rows.begin(), whole.rows.begin() + half);
+    expected.insert(expected.end(), more.rows.begin(), more.rows.end());
+    expectSameRows(db.rows(CriminalSelect), expected);
+    Rows sources = sourcesOf(1, half, "prima");
+    for (auto& row : sourcesOf(half + 1, half + static_cast<std::int32_t>(batch) + 1, "seconda"))
+        sources.push_back(row);
+    expectSameRows(db.rows(SourcesSelect), sources);
+}
+
+// A table of 20,000 items whose item 15,000 the database refuses: the 14,999
+// items before it, written by then, go with it.
+TEST_F(TariffImport, AnItemRefusedByTheDatabaseLateInALargeFileChangesNothing)
+{
+    seed();
+    if (TestDatabase::onPostgresql())
+        db.exec("ALTER TABLE OnorariPenali2004Euro ADD CONSTRAINT refuse_15000 CHECK (Id <> 15000)");
+    else
+        runOnTheSideOf(db,
+                       "CREATE TRIGGER refuse_15000 BEFORE INSERT ON OnorariPenali2004Euro WHEN NEW.Id = 15000 "
+                       "BEGIN SELECT RAISE(ABORT, 'refused by the test'); END");
+    const Rows before = snapshot();
+    EXPECT_THROW((void)importTariffText("OnorariPenali2004Euro", itemsFile(1, 20000, "L").text, "grande"), DataError);
+    expectSameRows(snapshot(), before);
+}
+
+TEST_F(TariffImport, AFaultOfItem15000InALargeFileChangesNothing)
+{
+    std::string file = itemsFile(1, 20000, "L").text;
+    const std::string item = "\n15000,\"L15000\",,\"\",0.25,";
+    ASSERT_NE(file.find(item), std::string::npos);
+    file.replace(file.find(item), item.size(), "\n15000,\"L15000\",,\"\",x0.25,");
+    expectRefused(file, 15001, "TribunaleMIN");
 }
 
 TEST_F(TariffImport, ItalianAndPointDecimalsStoreTheSameAmounts)

@@ -13,8 +13,8 @@
 //     rolled back afterwards, which undoes every setting the statement
 //     changed, and session locks it took are released, so the pooled
 //     session goes back to the next caller as it was. The layer's own writes
-//     (Update, AddNew, Delete, scripts, schema) run in explicit read-write
-//     transactions;
+//     (Update, AddNew, Delete, scripts, rows added in bulk, schema) run in
+//     explicit read-write transactions;
 //   - statement_timeout: a statement running longer than the time limit
 //     (Connection::DefaultStatementTimeLimit) is stopped with a DataError
 //     that says so;
@@ -86,6 +86,10 @@ public:
     // runs.
     void executeScript(const std::string& script) override;
     [[nodiscard]] std::vector<std::string> tableNames() override;
+    // COPY FROM STDIN statements of up to InsertBatchRows rows each
+    // (PgRowInsert.cpp).
+    void insertRows(const std::string& table, const std::vector<std::string>& columns,
+                    const std::vector<std::vector<Value>>& rows) override;
     void beginTransaction() override;
     void commitTransaction() override;
     void rollbackTransaction() noexcept override;
@@ -142,6 +146,9 @@ private:
     // one).
     [[noreturn]] void fail(const PGresult* result, const std::string& reportAs);
     void runStatements(const std::vector<std::string>& statements);
+    // Runs `copy` (a COPY ... FROM STDIN) with `data`, rows in COPY's text
+    // form.
+    void copyIn(const std::string& copy, const std::string& data, const std::string& reportAs);
     void rollbackQuietly() noexcept;
 
     std::string location_;

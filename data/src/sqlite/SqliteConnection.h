@@ -52,6 +52,9 @@ public:
     [[nodiscard]] Value singleValue(const std::string& statement) override;
     void executeScript(const std::string& script) override;
     [[nodiscard]] std::vector<std::string> tableNames() override;
+    // One cached INSERT, bound and stepped row after row (SqliteRowInsert.cpp).
+    void insertRows(const std::string& table, const std::vector<std::string>& columns,
+                    const std::vector<std::vector<Value>>& rows) override;
     void beginTransaction() override;
     void commitTransaction() override;
     void rollbackTransaction() noexcept override;

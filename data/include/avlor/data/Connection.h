@@ -18,6 +18,7 @@
 // host's user-interface thread. Connections are pooled (Database.h), so
 // opening one per routine costs nothing.
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -62,6 +63,25 @@ public:
 
     // The names of the database's tables, in alphabetical order.
     [[nodiscard]] virtual std::vector<std::string> tableNames() = 0;
+
+    // Adds many rows to `table` at once (loading a whole fee table): each
+    // row gives the values of `columns` (any letter case) in that order, and
+    // the table's other columns take their defaults. Values are converted
+    // and stored exactly as a record set's AddNew and Update store them.
+    // The rows are written all or none: outside a transaction in one of
+    // their own, inside one as a unit of it that undoes itself alone on a
+    // failure, as a script does. SQLite writes them one prepared statement
+    // after the other; PostgreSQL copies them InsertBatchRows to a
+    // statement, so that a large load does not pay one round trip to the
+    // server per row. Raises DataError with the database's message (for a
+    // table or column that does not exist, a row the table refuses, a row
+    // without one value per column) and ValueError for a value its column
+    // cannot take, as SetField does.
+    virtual void insertRows(const std::string& table, const std::vector<std::string>& columns,
+                            const std::vector<std::vector<Value>>& rows) = 0;
+
+    // Rows per statement of insertRows on PostgreSQL.
+    static constexpr std::size_t InsertBatchRows = 500;
 
     // One transaction over several writes (loading a whole fee table, for
     // one): between beginTransaction and commitTransaction every write of
