@@ -40,9 +40,8 @@ void fill(const TestDatabase& db, int pratica, int actions)
     for (int i = 1; i <= actions; ++i) {
         rows += "INSERT INTO Azioni (IdPra, NOrdine, IsTariffa, Descr, Codice, Quantita, Valuta, Diritti, Data, "
                 "IdEseguitoDa) VALUES (" +
-            std::to_string(pratica) + ", " + std::to_string(i) + ", 'True', 'Voce " + std::to_string(i) +
-            "', 'D" + std::to_string(i % 90) + "', '1', 'EURO', " + TestDatabase::amount("125.5") +
-            ", '2005-03-10', 1);";
+            std::to_string(pratica) + ", " + std::to_string(i) + ", 'True', 'Voce " + std::to_string(i) + "', 'D" +
+            std::to_string(i % 90) + "', '1', 'EURO', " + TestDatabase::amount("125.5") + ", '2005-03-10', 1);";
     }
     db.exec(rows);
 }
@@ -81,8 +80,7 @@ TestDatabase& database()
 std::unique_ptr<avlor::dialog::frmOKParcella> openDialog(std::int32_t pratica)
 {
     auto form = std::make_unique<avlor::dialog::frmOKParcella>(
-        std::make_shared<avlor::dialog::FixedClock>(avlor::Date::fromDayFirst("15/03/2005")),
-        avlor::Locale::italian());
+        std::make_shared<avlor::dialog::FixedClock>(avlor::Date::fromDayFirst("15/03/2005")), avlor::Locale::italian());
     form->Setta(pratica, "Rossi / Bianchi", "Udienza", "15/03/2005");
     form->Form_Load();
     return form;
@@ -259,12 +257,11 @@ int main(int argc, char** argv)
     }
     avlor::bench::RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    reporter.printRatio("add at 1 of 5,000 tariff actions, whole press / raw updates and insert",
-                        "DialogAddAtOne", "RawAddAtOne", 2);
+    reporter.printRatio("add at 1 of 5,000 tariff actions, whole press / raw updates and insert", "DialogAddAtOne",
+                        "RawAddAtOne", 2);
     reporter.printRatio("start-up on 2,000 actions / raw SELECT of the joined rows", "DialogStartUp",
                         "RawStartUpSelect", 3);
-    reporter.printRatio("20-item template expansion, whole press / 20 raw inserts", "DialogTemplate20",
-                        "RawInsert20");
+    reporter.printRatio("20-item template expansion, whole press / 20 raw inserts", "DialogTemplate20", "RawInsert20");
     benchmark::Shutdown();
     return 0;
 }

@@ -11,11 +11,15 @@ namespace avlor {
 
 namespace {
 
+// Field names are compared without regard to the case of their ASCII
+// letters, whatever the process's locale; a lookup runs for every field of
+// every row read, so it avoids the C library's locale-aware calls.
+constexpr char asciiLower(char c) noexcept { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
 bool sameName(const std::string& a, const std::string& b)
 {
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-               return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
-           });
+    return a.size() == b.size() &&
+        std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return asciiLower(x) == asciiLower(y); });
 }
 
 } // namespace
