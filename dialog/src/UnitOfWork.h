@@ -13,6 +13,7 @@
 
 #include "avlor/data/Connection.h"
 #include "avlor/data/Database.h"
+#include "avlor/dialog/CaseFileLock.h"
 
 namespace avlor::dialog {
 
@@ -21,16 +22,13 @@ public:
     explicit UnitOfWork(std::int32_t idPratica)
         : connection_(connectionFor(currentDatabase())), transaction_(connection_)
     {
-        connection_->lockForTransaction(AzioniDellaPratica, idPratica);
+        connection_->lockForTransaction(SpazioLockAzioniPratica, idPratica);
     }
 
     // Keeps what the press wrote; without it, leaving the scope drops it.
     void commit() { transaction_.commit(); }
 
 private:
-    // The lock space of "the actions of one case file".
-    static constexpr std::int32_t AzioniDellaPratica = 0x41564c41;
-
     std::shared_ptr<Connection> connection_;
     TransactionScope transaction_;
 };

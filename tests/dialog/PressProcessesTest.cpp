@@ -14,6 +14,9 @@
 #include <thread>
 
 #include "WritingFixture.h"
+#include "avlor/data/Connection.h"
+#include "avlor/data/Database.h"
+#include "avlor/dialog/CaseFileLock.h"
 
 namespace avlor::test {
 namespace {
@@ -236,6 +239,48 @@ TEST_F(PressProcesses, AKilledPressLeavesAllOfItOrNothing)
     EXPECT_GT(leftNothing, 0);
     RecordProperty("left_nothing", leftNothing);
     RecordProperty("left_whole", leftWhole);
+}
+
+TEST_F(PressProcesses, APressWaitsForTheOneHoldingItsCaseFile)
+{
+    if (!TestDatabase::onPostgresql()) {
+        GTEST_SKIP() << "SQLite lets one writer at a time into the whole file: there is no case file to wait on";
+    }
+    tariff(1, "a");
+    tariff(1, "altra", 9);
+    // Another workstation in the middle of a press on case file 7.
+    const std::string elsewhere = db.location() + "?application_name=avlor_altra_postazione";
+    const std::shared_ptr<Connection> other = connectionFor(elsewhere);
+    {
+        TransactionScope holding(other);
+        other->lockForTransaction(dialog::SpazioLockAzioniPratica, 7);
+
+        db.connection()->setStatementTimeLimit(std::chrono::milliseconds(400));
+        auto form = open(7, "15/03/2005");
+        typeTariff(*form, "1", "attesa");
+        const std::string database = wholeDatabase();
+        form->click("cmdAggiungi");
+        ASSERT_EQ(messages().size(), 1u);
+        EXPECT_EQ(messages()[0].icon, MsgIcon::Critical);
+        EXPECT_NE(messages()[0].text.find("400 ms"), std::string::npos) << messages()[0].text;
+        EXPECT_EQ(wholeDatabase(), database);
+
+        // Another case file does not wait.
+        forgetMessages();
+        auto altra = open(9, "15/03/2005");
+        typeTariff(*altra, "1", "libera");
+        altra->click("cmdAggiungi");
+        EXPECT_EQ(messages(), std::vector<Shown>{});
+        EXPECT_EQ(numbers(true, 9), "altra:2 libera:1");
+        holding.commit();
+    }
+    // Once the other press is over, the same entry goes in.
+    db.connection()->setStatementTimeLimit(Connection::DefaultStatementTimeLimit);
+    auto form = open(7, "15/03/2005");
+    typeTariff(*form, "1", "attesa");
+    form->click("cmdAggiungi");
+    EXPECT_EQ(numbers(true), "a:2 attesa:1");
+    closeConnections(elsewhere);
 }
 
 } // namespace
