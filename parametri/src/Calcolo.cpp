@@ -87,8 +87,8 @@ std::string trovaFase(const Tabella& tabella, const std::string& indicazione)
     if (matching.size() == 1)
         return matching.front();
     if (matching.empty())
-        throw ParametriError("La tabella " + tabella.numero + " (versione " + tabella.versione +
-                             ") non ha una fase «" + indicazione + "»; le sue fasi sono: " + elenco(all));
+        throw ParametriError("La tabella " + tabella.numero + " (versione " + tabella.versione + ") non ha una fase «" +
+                             indicazione + "»; le sue fasi sono: " + elenco(all));
     throw ParametriError("«" + indicazione + "» indica più fasi della tabella " + tabella.numero + " (versione " +
                          tabella.versione + "): " + elenco(matching) + "; indicarne una sola");
 }
@@ -170,11 +170,10 @@ const Currency Soglia = Currency::fromWhole(520000);
 std::string articolo(int centesimi)
 {
     const int whole = (centesimi < 0 ? -centesimi : centesimi) / 100;
-    const bool vowel = whole == 1 || whole == 8 || whole == 11 || (whole >= 80 && whole <= 89) ||
-        (whole >= 800 && whole <= 899);
+    const bool vowel =
+        whole == 1 || whole == 8 || whole == 11 || (whole >= 80 && whole <= 89) || (whole >= 800 && whole <= 899);
     return (vowel ? "dell'" : "del ") + testoPercentuale(centesimi < 0 ? -centesimi : centesimi).substr(1);
 }
-
 
 // The bracket for `valore`: its bounds as the table gives them.
 struct Scaglione {
@@ -188,8 +187,8 @@ std::vector<Scaglione> scaglioni(const Tabella& t)
     for (const Cifra& c : t.cifre) {
         if (!c.da || !c.a)
             continue;
-        const bool known = std::any_of(result.begin(), result.end(),
-                                       [&](const Scaglione& s) { return s.da == *c.da && s.a == *c.a; });
+        const bool known =
+            std::any_of(result.begin(), result.end(), [&](const Scaglione& s) { return s.da == *c.da && s.a == *c.a; });
         if (!known)
             result.push_back({*c.da, *c.a});
     }
@@ -197,17 +196,13 @@ std::vector<Scaglione> scaglioni(const Tabella& t)
     return result;
 }
 
-std::string testoScaglione(const Scaglione& s)
-{
-    return testoImporto(s.da) + " - " + testoImporto(s.a) + " €";
-}
+std::string testoScaglione(const Scaglione& s) { return testoImporto(s.da) + " - " + testoImporto(s.a) + " €"; }
 
 std::string fonteCifra(const Tabella& t, const Cifra& c)
 {
     return "tabella " + t.numero + ", versione " + t.versione + ", " +
-           (c.da ? "scaglione " + parametri::testoScaglione(c) : std::string("senza scaglioni")) + ", fase «" +
-           c.fase + "»: " + testoImporto(c.valoreMedio) + " € (affidabilità " + c.affidabilita +
-           "; fonte: " + c.fonte + ")";
+        (c.da ? "scaglione " + parametri::testoScaglione(c) : std::string("senza scaglioni")) + ", fase «" + c.fase +
+        "»: " + testoImporto(c.valoreMedio) + " € (affidabilità " + c.affidabilita + "; fonte: " + c.fonte + ")";
 }
 
 } // namespace
@@ -380,9 +375,9 @@ Risultato calcola(const Catalogo& catalogo, const Richiesta& richiesta)
         }
         if (!scelto) {
             if (valore > all.back().a)
-                throw ParametriError("La tabella " + numero + " (versione " + versioneNome +
-                                     ") ha scaglioni fino a " + testoImporto(all.back().a) +
-                                     " €: nessuno contiene il valore " + testoImporto(valore) + " €");
+                throw ParametriError("La tabella " + numero + " (versione " + versioneNome + ") ha scaglioni fino a " +
+                                     testoImporto(all.back().a) + " €: nessuno contiene il valore " +
+                                     testoImporto(valore) + " €");
             throw ParametriError("Manca la cifra della tabella " + numero + " (versione " + versioneNome +
                                  ") per il valore " + testoImporto(valore) +
                                  " €: lo scaglione che lo contiene non è tra le cifre caricate e il compenso non si "
@@ -407,8 +402,7 @@ Risultato calcola(const Catalogo& catalogo, const Richiesta& richiesta)
     for (const auto& [indicazione, valore] : richiesta.percentuali) {
         const std::string fase = trovaFase(t, indicazione);
         if (std::find(fasi.begin(), fasi.end(), fase) == fasi.end())
-            throw ParametriError("La percentuale è indicata per la fase «" + fase +
-                                 "», che non è tra le fasi svolte");
+            throw ParametriError("La percentuale è indicata per la fase «" + fase + "», che non è tra le fasi svolte");
         if (percentuali.count(fase) != 0)
             throw ParametriError("La percentuale della fase «" + fase + "» è indicata più di una volta");
         percentuali[fase] = valore;
@@ -426,12 +420,10 @@ Risultato calcola(const Catalogo& catalogo, const Richiesta& richiesta)
         const int p = percentuali.count(fase) != 0 ? percentuali[fase] : 0;
         if (p > l.aumento)
             throw ParametriError("L'aumento " + articolo(p) + " della fase «" + fase + "» supera il limite " +
-                                 articolo(l.aumento) + " (" +
-                                 l.articolo + ", versione " + versioneNome + ")");
+                                 articolo(l.aumento) + " (" + l.articolo + ", versione " + versioneNome + ")");
         if (-p > l.diminuzione)
             throw ParametriError("La diminuzione " + articolo(p) + " della fase «" + fase + "» supera il limite " +
-                                 articolo(l.diminuzione) + " (" +
-                                 l.articolo + ", versione " + versioneNome + ")");
+                                 articolo(l.diminuzione) + " (" + l.articolo + ", versione " + versioneNome + ")");
         FaseCalcolata f;
         f.fase = fase;
         f.cifra = cifra->valoreMedio;
@@ -445,7 +437,7 @@ Risultato calcola(const Catalogo& catalogo, const Richiesta& richiesta)
         f.medio = scala(f.cifra, num, den);
         f.regolaMedio = r.raddoppi == 0 ? "valore medio della tabella"
                                         : "valore medio della tabella × 1,3 per " + std::to_string(r.raddoppi) +
-                                              (r.raddoppi == 1 ? " raddoppio (art. 6)" : " raddoppi (art. 6)");
+                (r.raddoppi == 1 ? " raddoppio (art. 6)" : " raddoppi (art. 6)");
         f.minimo = piuPercento(f.medio, -l.diminuzione);
         f.massimo = piuPercento(f.medio, l.aumento);
         f.regolaLimiti = l.regola;
@@ -474,10 +466,9 @@ Risultato calcola(const Catalogo& catalogo, const Richiesta& richiesta)
     r.aumentoClienti = scala(r.sommaFasi, r.percentualeClienti, Cento);
     r.compenso = r.sommaFasi + r.aumentoClienti;
     r.speseGenerali = scala(r.compenso, 15, 100);
-    r.regolaSpeseGenerali =
-        versioneNome == "2022"
-            ? "art. 2 c.2 come modificato dal D.M. 147/2022: rimborso forfettario del 15% del compenso totale"
-            : "art. 2 c.2 (testo " + versioneNome + "): di regola il 15% del compenso totale";
+    r.regolaSpeseGenerali = versioneNome == "2022"
+        ? "art. 2 c.2 come modificato dal D.M. 147/2022: rimborso forfettario del 15% del compenso totale"
+        : "art. 2 c.2 (testo " + versioneNome + "): di regola il 15% del compenso totale";
     r.totale = r.compenso + r.speseGenerali;
     return r;
 }

@@ -67,8 +67,9 @@ const Versione& versione(std::string_view nome)
         if (v.nome == nome)
             return v;
     }
-    throw ParametriError("Non esiste una versione «" + std::string(nome) + "» dei parametri: le versioni sono 2014, "
-                                                                           "2018 e 2022");
+    throw ParametriError("Non esiste una versione «" + std::string(nome) +
+                         "» dei parametri: le versioni sono 2014, "
+                         "2018 e 2022");
 }
 
 const Versione& versioneInVigore(Date data)
@@ -127,8 +128,7 @@ std::string numeroTabella(std::string_view testo)
         bis = true;
         text.resize(text.size() - 3);
     }
-    const bool digitsOnly =
-        !text.empty() && text.size() <= 3 &&
+    const bool digitsOnly = !text.empty() && text.size() <= 3 &&
         std::all_of(text.begin(), text.end(), [](char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; });
     const int number = digitsOnly ? std::atoi(text.c_str()) : 0;
     if (number < 1 || number > 26 || (bis && number != 20 && number != 25))

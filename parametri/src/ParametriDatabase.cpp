@@ -23,10 +23,10 @@ namespace {
 constexpr const char* TabelleTable = "ParametriTabelle";
 constexpr const char* CifreTable = "ParametriCifre";
 
-const std::vector<std::string> ColonneTabelle = {"Versione", "Tabella",      "Titolo",     "Fonte",
+const std::vector<std::string> ColonneTabelle = {"Versione",     "Tabella",    "Titolo", "Fonte",
                                                  "Affidabilita", "Verificata", "Nota"};
-const std::vector<std::string> ColonneCifre = {"Versione", "Tabella",     "ScaglioneDa", "ScaglioneA",
-                                               "Fase",     "ValoreMedio", "Fonte",       "Affidabilita"};
+const std::vector<std::string> ColonneCifre = {"Versione", "Tabella",     "Ordine", "ScaglioneDa", "ScaglioneA",
+                                               "Fase",     "ValoreMedio", "Fonte",  "Affidabilita"};
 
 std::string quoted(const std::string& text) { return clsUtilitaDati::instance().FormattaTestoSql(text); }
 
@@ -46,15 +46,15 @@ std::string text(const Value& value) { return value.isNull() || value.isEmpty() 
 
 std::vector<Value> tableRow(const Tabella& t)
 {
-    return {Value::text(t.versione), Value::text(t.numero),      Value::text(t.titolo),  Value::text(t.fonte),
+    return {Value::text(t.versione),     Value::text(t.numero),        Value::text(t.titolo), Value::text(t.fonte),
             Value::text(t.affidabilita), Value::boolean(t.verificata), Value::text(t.nota)};
 }
 
-std::vector<Value> figureRow(const std::string& versione, const std::string& numero, const Cifra& c)
+std::vector<Value> figureRow(const std::string& versione, const std::string& numero, std::size_t ordine, const Cifra& c)
 {
-    return {Value::text(versione),   Value::text(numero),         optionalAmount(c.da),
-            optionalAmount(c.a),     Value::text(c.fase),         Value::currency(c.valoreMedio),
-            Value::text(c.fonte),    Value::text(c.affidabilita)};
+    return {Value::text(versione),          Value::text(numero),  Value::longValue(static_cast<std::int32_t>(ordine)),
+            optionalAmount(c.da),           optionalAmount(c.a),  Value::text(c.fase),
+            Value::currency(c.valoreMedio), Value::text(c.fonte), Value::text(c.affidabilita)};
 }
 
 bool holdsParametri(const std::shared_ptr<Connection>& connection)
@@ -87,13 +87,13 @@ Caricamento caricaParametri(const Catalogo& catalogo)
     std::vector<std::vector<Value>> tables;
     std::vector<std::vector<Value>> figures;
     for (const Tabella& t : catalogo.tabelle) {
-        connection->executeScript("DELETE FROM " + std::string(CifreTable) + " WHERE Versione = " +
-                                  quoted(t.versione) + " AND Tabella = " + quoted(t.numero));
-        connection->executeScript("DELETE FROM " + std::string(TabelleTable) + " WHERE Versione = " +
-                                  quoted(t.versione) + " AND Tabella = " + quoted(t.numero));
+        connection->executeScript("DELETE FROM " + std::string(CifreTable) + " WHERE Versione = " + quoted(t.versione) +
+                                  " AND Tabella = " + quoted(t.numero));
+        connection->executeScript("DELETE FROM " + std::string(TabelleTable) +
+                                  " WHERE Versione = " + quoted(t.versione) + " AND Tabella = " + quoted(t.numero));
         tables.push_back(tableRow(t));
-        for (const Cifra& c : t.cifre)
-            figures.push_back(figureRow(t.versione, t.numero, c));
+        for (std::size_t i = 0; i < t.cifre.size(); ++i)
+            figures.push_back(figureRow(t.versione, t.numero, i + 1, t.cifre[i]));
     }
     if (!tables.empty())
         connection->insertRows(TabelleTable, ColonneTabelle, tables);
@@ -112,8 +112,8 @@ Catalogo leggiParametri()
     const auto connection = parametriConnection();
     Catalogo catalogo;
     clsAccessoDati access(connection);
-    const auto tables = access.Apri("SELECT * FROM " + std::string(TabelleTable), adOpenForwardOnly, adLockReadOnly,
-                                    adCmdUnspecified);
+    const auto tables =
+        access.Apri("SELECT * FROM " + std::string(TabelleTable), adOpenForwardOnly, adLockReadOnly, adCmdUnspecified);
     for (; !tables->Eof(); tables->MoveNext()) {
         Tabella t;
         t.versione = text(tables->Field("Versione"));
@@ -133,11 +133,12 @@ Catalogo leggiParametri()
     std::map<std::pair<std::string, std::string>, std::size_t> index;
     for (std::size_t i = 0; i < catalogo.tabelle.size(); ++i)
         index[{catalogo.tabelle[i].versione, catalogo.tabelle[i].numero}] = i;
-    // In the order of the bracket, then of the phase as first shipped or
-    // imported (the row order of each table).
+    // In the order of their source; figures added later come after them
+    // and take their place among the brackets below.
     clsAccessoDati figuresAccess(connection);
-    const auto figures = figuresAccess.Apri("SELECT * FROM " + std::string(CifreTable), adOpenForwardOnly,
-                                            adLockReadOnly, adCmdUnspecified);
+    const auto figures =
+        figuresAccess.Apri("SELECT * FROM " + std::string(CifreTable) + " ORDER BY Versione, Tabella, Ordine",
+                           adOpenForwardOnly, adLockReadOnly, adCmdUnspecified);
     for (; !figures->Eof(); figures->MoveNext()) {
         const auto found = index.find({text(figures->Field("Versione")), text(figures->Field("Tabella"))});
         if (found == index.end())
@@ -165,8 +166,7 @@ Caricamento importaParametri(std::string_view testo, const std::string& origine)
     try {
         rows = leggiFileParametri(testo, fonte);
     } catch (const ParametriFileError& e) {
-        throw ParametriFileError(e.riga(), "", std::string(e.what()).substr(std::string(e.what()).find(": ") + 2),
-                                 origine);
+        throw e.inFile(origine);
     }
     const auto connection = parametriConnection();
     const Catalogo present = leggiParametri();
@@ -224,10 +224,10 @@ Caricamento importaParametri(std::string_view testo, const std::string& origine)
     TransactionScope transaction(connection);
     std::vector<std::vector<Value>> figureRows;
     for (const auto& [key, figures] : merged) {
-        connection->executeScript("DELETE FROM " + std::string(CifreTable) + " WHERE Versione = " +
-                                  quoted(key.first) + " AND Tabella = " + quoted(key.second));
-        for (const Cifra& c : figures)
-            figureRows.push_back(figureRow(key.first, key.second, c));
+        connection->executeScript("DELETE FROM " + std::string(CifreTable) + " WHERE Versione = " + quoted(key.first) +
+                                  " AND Tabella = " + quoted(key.second));
+        for (std::size_t i = 0; i < figures.size(); ++i)
+            figureRows.push_back(figureRow(key.first, key.second, i + 1, figures[i]));
     }
     std::vector<std::vector<Value>> tables;
     for (const auto& [key, t] : added)

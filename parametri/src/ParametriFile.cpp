@@ -13,8 +13,8 @@ namespace avlor::parametri {
 
 namespace {
 
-const std::vector<std::string> ColonneImport = {"versione",    "tabella",      "scaglione_da", "scaglione_a",
-                                                "fase",        "valore_medio", "affidabilita", "fonte"};
+const std::vector<std::string> ColonneImport = {"versione", "tabella",      "scaglione_da", "scaglione_a",
+                                                "fase",     "valore_medio", "affidabilita", "fonte"};
 const std::vector<std::string> ColonneSpedite = {"scaglione_da", "scaglione_a", "fase", "valore_medio"};
 
 std::string trim(std::string_view text)
@@ -85,8 +85,7 @@ void requireHeader(const std::optional<CsvRecord>& header, const std::vector<std
 
 // The two bounds of a bracket, both empty (a table without brackets) or
 // both amounts with the first below the second.
-void readBracket(const std::string& da, const std::string& a, std::size_t line, Cifra& cifra,
-                 const std::string& file)
+void readBracket(const std::string& da, const std::string& a, std::size_t line, Cifra& cifra, const std::string& file)
 {
     if (da.empty() && a.empty())
         return;
@@ -159,7 +158,7 @@ Catalogo buildShipped()
         try {
             tabella = leggiTabellaSpedita(version, numeroTabella(stem), file.text);
         } catch (const ParametriFileError& e) {
-            throw ParametriFileError(e.riga(), "", e.what(), name);
+            throw e.inFile(name);
         }
         const auto found = trust.find({version, tabella.numero});
         if (found == trust.end())
@@ -184,8 +183,13 @@ ParametriFileError::ParametriFileError(std::size_t riga, const std::string& colo
                                        const std::string& file)
     : ParametriError((file.empty() ? "" : file + ", ") + "riga " + std::to_string(riga) +
                      (colonna.empty() ? "" : ", colonna " + colonna) + ": " + motivo),
-      riga_(riga)
+      riga_(riga), colonna_(colonna), motivo_(motivo)
 {
+}
+
+ParametriFileError ParametriFileError::inFile(const std::string& file) const
+{
+    return ParametriFileError(riga_, colonna_, motivo_, file);
 }
 
 std::optional<Currency> leggiImporto(std::string_view testo)

@@ -42,8 +42,8 @@ std::string rifiuto(const Richiesta& r)
 
 std::map<std::string, int> tutte(int studio, int introduttiva, int istruttoria, int decisionale)
 {
-    return {{"studio", studio}, {"introduttiva", introduttiva}, {"istruttoria", istruttoria},
-            {"decisionale", decisionale}};
+    return {
+        {"studio", studio}, {"introduttiva", introduttiva}, {"istruttoria", istruttoria}, {"decisionale", decisionale}};
 }
 
 void expectTotals(const Risultato& r, std::string_view somma, std::string_view spese, std::string_view totale)
@@ -91,17 +91,21 @@ TEST(ParametriCalcolo, Tribunale2014PastTheLimits)
 {
     Richiesta r = richiesta("15/03/2016", "2", "30000");
     r.percentuali = {{"istruttoria", 10100}};
-    EXPECT_EQ(rifiuto(r), "L'aumento del 101% della fase «Fase istruttoria e/o di trattazione» supera il limite del "
-                          "100% (art. 4 c.1, ultimo periodo, versione 2014)");
+    EXPECT_EQ(rifiuto(r),
+              "L'aumento del 101% della fase «Fase istruttoria e/o di trattazione» supera il limite del "
+              "100% (art. 4 c.1, ultimo periodo, versione 2014)");
     r.percentuali = {{"studio", 8100}};
-    EXPECT_EQ(rifiuto(r), "L'aumento dell'81% della fase «Fase di studio della controversia» supera il limite "
-                          "dell'80% (art. 4 c.1, versione 2014)");
+    EXPECT_EQ(rifiuto(r),
+              "L'aumento dell'81% della fase «Fase di studio della controversia» supera il limite "
+              "dell'80% (art. 4 c.1, versione 2014)");
     r.percentuali = {{"decisionale", -5100}};
-    EXPECT_EQ(rifiuto(r), "La diminuzione del 51% della fase «Fase decisionale» supera il limite del 50% (art. 4 "
-                          "c.1, versione 2014)");
+    EXPECT_EQ(rifiuto(r),
+              "La diminuzione del 51% della fase «Fase decisionale» supera il limite del 50% (art. 4 "
+              "c.1, versione 2014)");
     r.percentuali = {{"istruttoria", -7100}};
-    EXPECT_EQ(rifiuto(r), "La diminuzione del 71% della fase «Fase istruttoria e/o di trattazione» supera il "
-                          "limite del 70% (art. 4 c.1, ultimo periodo, versione 2014)");
+    EXPECT_EQ(rifiuto(r),
+              "La diminuzione del 71% della fase «Fase istruttoria e/o di trattazione» supera il "
+              "limite del 70% (art. 4 c.1, ultimo periodo, versione 2014)");
 }
 
 TEST(ParametriCalcolo, Tribunale2018)
@@ -113,8 +117,9 @@ TEST(ParametriCalcolo, Tribunale2018)
     up.percentuali = tutte(8000, 8000, 10000, 8000);
     expectTotals(prezzo(up), "13401.20", "2010.18", "15411.38");
     up.percentuali = {{"istruttoria", 10100}};
-    EXPECT_EQ(rifiuto(up), "L'aumento del 101% della fase «Fase istruttoria e/o di trattazione» supera il limite "
-                           "del 100% (art. 4 c.1, ultimo periodo, versione 2018)");
+    EXPECT_EQ(rifiuto(up),
+              "L'aumento del 101% della fase «Fase istruttoria e/o di trattazione» supera il limite "
+              "del 100% (art. 4 c.1, ultimo periodo, versione 2018)");
 }
 
 TEST(ParametriCalcolo, Tribunale2022)
@@ -140,11 +145,13 @@ TEST(ParametriCalcolo, Tribunale2022)
     // Since 2022 the istruttoria phase keeps within ±50 % like the others.
     Richiesta past = richiesta("15/03/2024", "2", "30000");
     past.percentuali = {{"istruttoria", 5100}};
-    EXPECT_EQ(rifiuto(past), "L'aumento del 51% della fase «Fase istruttoria e/o di trattazione» supera il limite "
-                             "del 50% (art. 4 c.1 come modificato dal D.M. 147/2022, versione 2022)");
+    EXPECT_EQ(rifiuto(past),
+              "L'aumento del 51% della fase «Fase istruttoria e/o di trattazione» supera il limite "
+              "del 50% (art. 4 c.1 come modificato dal D.M. 147/2022, versione 2022)");
     past.percentuali = {{"studio", -5001}};
-    EXPECT_EQ(rifiuto(past), "La diminuzione del 50,01% della fase «Fase di studio della controversia» supera il "
-                             "limite del 50% (art. 4 c.1 come modificato dal D.M. 147/2022, versione 2022)");
+    EXPECT_EQ(rifiuto(past),
+              "La diminuzione del 50,01% della fase «Fase di studio della controversia» supera il "
+              "limite del 50% (art. 4 c.1 come modificato dal D.M. 147/2022, versione 2022)");
 }
 
 TEST(ParametriCalcolo, GiudiceDiPace)
@@ -296,16 +303,17 @@ TEST(ParametriCalcolo, MissingFigureOfABracketIsNamed)
     t.affidabilita = "alta";
     t.cifre.push_back({euro("0.01"), euro("1100"), "Fase di studio della controversia", euro("100"), "prova", "alta"});
     t.cifre.push_back({euro("0.01"), euro("1100"), "Fase decisionale", euro("100"), "prova", "alta"});
-    t.cifre.push_back({euro("1100.01"), euro("5200"), "Fase di studio della controversia", euro("200"), "prova",
-                       "alta"});
+    t.cifre.push_back(
+        {euro("1100.01"), euro("5200"), "Fase di studio della controversia", euro("200"), "prova", "alta"});
     catalogo.tabelle.push_back(t);
     Richiesta r = richiesta("15/03/2024", "3", "2000", {"studio", "decisionale"});
     try {
         (void)calcola(catalogo, r);
         FAIL();
     } catch (const ParametriError& e) {
-        EXPECT_EQ(std::string(e.what()), "Manca la cifra della tabella 3 (versione 2022), scaglione 1.100,01 - "
-                                         "5.200,00 €, fase «Fase decisionale»: il compenso non si calcola per stima");
+        EXPECT_EQ(std::string(e.what()),
+                  "Manca la cifra della tabella 3 (versione 2022), scaglione 1.100,01 - "
+                  "5.200,00 €, fase «Fase decisionale»: il compenso non si calcola per stima");
     }
     r.fasi = {"studio"};
     EXPECT_EQ(calcola(catalogo, r).compenso, euro("200"));

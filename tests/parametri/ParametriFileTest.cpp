@@ -83,10 +83,12 @@ std::string fault(const std::string& text)
 TEST(ParametriFile, MalformedFilesAreRefusedWithLineAndColumn)
 {
     const std::string header = "versione;tabella;scaglione_da;scaglione_a;fase;valore_medio;affidabilita;fonte\n";
-    EXPECT_EQ(fault(""), "riga 1: il file è vuoto: manca l'intestazione "
-                         "versione;tabella;scaglione_da;scaglione_a;fase;valore_medio;affidabilita;fonte");
-    EXPECT_EQ(fault("a;b\n"), "riga 1: l'intestazione deve essere "
-                              "versione;tabella;scaglione_da;scaglione_a;fase;valore_medio;affidabilita;fonte");
+    EXPECT_EQ(fault(""),
+              "riga 1: il file è vuoto: manca l'intestazione "
+              "versione;tabella;scaglione_da;scaglione_a;fase;valore_medio;affidabilita;fonte");
+    EXPECT_EQ(fault("a;b\n"),
+              "riga 1: l'intestazione deve essere "
+              "versione;tabella;scaglione_da;scaglione_a;fase;valore_medio;affidabilita;fonte");
     EXPECT_EQ(fault(header + "2022;25;0,01;1100;Compenso;abc;alta;x\n"),
               "riga 2, colonna valore_medio: «abc» non è un importo maggiore di zero");
     EXPECT_EQ(fault(header + "2023;25;0,01;1100;Compenso;10;alta;x\n"),

@@ -29,9 +29,13 @@ public:
     ParametriFileError(std::size_t riga, const std::string& colonna, const std::string& motivo,
                        const std::string& file = {});
     [[nodiscard]] std::size_t riga() const noexcept { return riga_; }
+    // The same fault, named in the file `file`.
+    [[nodiscard]] ParametriFileError inFile(const std::string& file) const;
 
 private:
     std::size_t riga_;
+    std::string colonna_;
+    std::string motivo_;
 };
 
 // The figures built into the program, every table of every version with its
@@ -53,8 +57,7 @@ struct RigaImportata {
 
 // Reads and checks a whole import file: the header, every cell, no figure
 // twice. A missing fonte becomes `fonteMancante`. Raises ParametriFileError.
-[[nodiscard]] std::vector<RigaImportata> leggiFileParametri(std::string_view testo,
-                                                            const std::string& fonteMancante);
+[[nodiscard]] std::vector<RigaImportata> leggiFileParametri(std::string_view testo, const std::string& fonteMancante);
 
 // The file of every figure of `catalogo`, read back unchanged by
 // leggiFileParametri.
