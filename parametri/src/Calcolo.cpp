@@ -202,7 +202,7 @@ std::string fonteCifra(const Tabella& t, const Cifra& c)
 {
     return "tabella " + t.numero + ", versione " + t.versione + ", " +
         (c.da ? "scaglione " + parametri::testoScaglione(c) : std::string("senza scaglioni")) + ", fase «" + c.fase +
-        "»: " + testoImporto(c.valoreMedio) + " € (affidabilità " + c.affidabilita + "; fonte: " + c.fonte + ")";
+        "»: " + testoImporto(c.valoreMedio) + " € (affidabilità " + c.affidabilita + "; " + c.fonte + ")";
 }
 
 } // namespace
