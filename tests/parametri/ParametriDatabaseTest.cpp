@@ -68,8 +68,9 @@ TEST_F(ParametriDatabase, PricesFromTheDatabase)
 
 TEST_F(ParametriDatabase, ImportAddsAMissingTableAndReplacesFigures)
 {
-    const Caricamento result = importaParametri(Header + "2022;25;0,01;1100;Compenso;283,50;media;Studio Rossi\n"
-                                                         "2022;2;0,01;1100;Fase decisionale;201;alta;\n",
+    const Caricamento result = importaParametri(Header +
+                                                    "2022;25;0,01;1100;Compenso;283,50;media;Studio Rossi\n"
+                                                    "2022;2;0,01;1100;Fase decisionale;201;alta;\n",
                                                 "correzioni.csv");
     EXPECT_EQ(result.tabelle, 1U);
     EXPECT_EQ(result.cifre, 2U);
@@ -96,8 +97,9 @@ TEST_F(ParametriDatabase, MalformedImportLeavesTheDatabaseUntouched)
     const auto before = allFigures();
     const auto tablesBefore = db.value("SELECT count(*) FROM ParametriTabelle").toLong();
     try {
-        (void)importaParametri(Header + "2022;25;0,01;1100;Compenso;283,50;media;x\n"
-                                        "2022;2;0,01;1100;Fase decisionale;duecento;alta;\n",
+        (void)importaParametri(Header +
+                                   "2022;25;0,01;1100;Compenso;283,50;media;x\n"
+                                   "2022;2;0,01;1100;Fase decisionale;duecento;alta;\n",
                                "rotto.csv");
         FAIL();
     } catch (const ParametriFileError& e) {
@@ -138,8 +140,9 @@ TEST(ParametriDatabaseOld, ADatabaseWithoutTheTablesIsReported)
         (void)leggiParametri();
         FAIL();
     } catch (const ParametriError& e) {
-        EXPECT_EQ(std::string(e.what()), "Il database dello studio non ha le tabelle dei parametri (è stato creato "
-                                         "prima che vi fossero aggiunte): crearne uno nuovo con avlor db init");
+        EXPECT_EQ(std::string(e.what()),
+                  "Il database dello studio non ha le tabelle dei parametri (è stato creato "
+                  "prima che vi fossero aggiunte): crearne uno nuovo con avlor db init");
     }
 }
 
