@@ -91,10 +91,10 @@ std::string inVigore(const parametri::Versione& v)
 
 nlohmann::ordered_json tableJson(const Tabella& t, bool withFigures)
 {
-    nlohmann::ordered_json json{{"versione", t.versione},         {"tabella", t.numero},
-                                {"titolo", t.titolo},             {"affidabilita", t.affidabilita},
-                                {"verificata", t.verificata},     {"nota", t.nota},
-                                {"cifre", t.cifre.size()},        {"fonte", t.fonte}};
+    nlohmann::ordered_json json{{"versione", t.versione},     {"tabella", t.numero},
+                                {"titolo", t.titolo},         {"affidabilita", t.affidabilita},
+                                {"verificata", t.verificata}, {"nota", t.nota},
+                                {"cifre", t.cifre.size()},    {"fonte", t.fonte}};
     if (withFigures) {
         auto figures = nlohmann::ordered_json::array();
         for (const Cifra& c : t.cifre)
@@ -142,9 +142,9 @@ void printTables(Context& context, const ParametriOptions& options)
         for (const Tabella& t : catalogo.tabelle) {
             if (t.versione != v->nome)
                 continue;
-            *context.out << "  " << padRight(t.numero, 7) << padRight(t.titolo, 92) << padLeft(std::to_string(t.cifre.size()), 4)
-                         << " cifre  affidabilità " << t.affidabilita << (t.verificata ? "" : "  NON VERIFICATA")
-                         << '\n';
+            *context.out << "  " << padRight(t.numero, 7) << padRight(t.titolo, 92)
+                         << padLeft(std::to_string(t.cifre.size()), 4) << " cifre  affidabilità " << t.affidabilita
+                         << (t.verificata ? "" : "  NON VERIFICATA") << '\n';
         }
     }
 }
@@ -168,9 +168,8 @@ void printTable(Context& context, const ParametriOptions& options)
         *context.out << nlohmann::ordered_json{{"risultato", tableJson(*t, true)}}.dump() << '\n';
         return;
     }
-    *context.out << "Tabella " << t->numero << " - " << t->titolo << " (versione " << t->versione
-                 << ", affidabilità " << t->affidabilita << (t->verificata ? "" : ", NON VERIFICATA: non ufficiale")
-                 << ")\n";
+    *context.out << "Tabella " << t->numero << " - " << t->titolo << " (versione " << t->versione << ", affidabilità "
+                 << t->affidabilita << (t->verificata ? "" : ", NON VERIFICATA: non ufficiale") << ")\n";
     std::string bracket = "(none)";
     for (const Cifra& c : t->cifre) {
         const std::string current = parametri::testoScaglione(c);
@@ -254,14 +253,14 @@ void printResult(Context& context, const parametri::Risultato& r)
     line("Totale (senza CPA e IVA)", r.totale);
     out << "\nDa dove viene ogni numero:\n";
     for (const auto& f : r.fasi) {
-        out << "  " << f.fase << ": " << f.regolaMedio << "; limiti: " << f.regolaLimiti << "; importo: "
-            << f.regolaScelto << '\n';
+        out << "  " << f.fase << ": " << f.regolaMedio << "; limiti: " << f.regolaLimiti
+            << "; importo: " << f.regolaScelto << '\n';
     }
     if (r.clienti > 1)
         out << "  Clienti: " << r.regolaClienti << '\n';
     out << "  Spese generali: " << r.regolaSpeseGenerali << '\n';
-    out << "  Cifre: tabella " << r.tabella << " della versione " << r.versione << ", scaglione " << r.scaglione
-        << "; " << r.fonteTabella << '\n';
+    out << "  Cifre: tabella " << r.tabella << " della versione " << r.versione << ", scaglione " << r.scaglione << "; "
+        << r.fonteTabella << '\n';
     for (const std::string& warning : r.avvertenze)
         out << "Attenzione: " << warning << '\n';
 }
@@ -274,8 +273,9 @@ void price(Context& context, const ParametriOptions& options)
     if (!options.valore.empty()) {
         const auto value = parametri::leggiImporto(options.valore);
         if (!value)
-            throw CommandError("«" + options.valore + "» non è un valore: indicarlo in euro, per esempio 30000 o "
-                                                      "30000,50");
+            throw CommandError("«" + options.valore +
+                               "» non è un valore: indicarlo in euro, per esempio 30000 o "
+                               "30000,50");
         request.valore = value;
     }
     if (!options.indeterminabile.empty())
@@ -320,16 +320,18 @@ void addParametriCommand(CLI::App& app, Context& context)
     mostra->callback([&context, options] { printTable(context, *options); });
 
     auto* calcola = command->add_subcommand(
-        "calcola", "Price a piece of work: per phase the average, minimum, maximum and chosen amount, the total, "
-                   "15% general expenses and the grand total, each with the rule and figure it comes from");
+        "calcola",
+        "Price a piece of work: per phase the average, minimum, maximum and chosen amount, the total, "
+        "15% general expenses and the grand total, each with the rule and figure it comes from");
     calcola->add_option("--data", options->data, "Day the work was completed (DD/MM/YYYY): picks the version")
         ->required();
     calcola->add_option("--tabella", options->tabella, "Table number, e.g. 2 (tribunale)")->required();
     calcola->add_option("--valore", options->valore, "Value of the case in euro");
     calcola->add_option("--indeterminabile", options->indeterminabile,
                         "Value that cannot be determined: bassa, alta or particolare");
-    calcola->add_option("--fasi", options->fasi,
-                        "Phases done, separated by commas: studio,introduttiva,istruttoria,decisionale")
+    calcola
+        ->add_option("--fasi", options->fasi,
+                     "Phases done, separated by commas: studio,introduttiva,istruttoria,decisionale")
         ->required();
     calcola->add_option("--percentuale", options->percentuali,
                         "Raise or lower a phase over its average, e.g. istruttoria=+20 (repeatable)");
@@ -337,9 +339,10 @@ void addParametriCommand(CLI::App& app, Context& context)
     calcola->callback([&context, options] { price(context, *options); });
 
     auto* importa = command->add_subcommand(
-        "importa", "Load corrected or missing figures from a CSV file "
-                   "(versione;tabella;scaglione_da;scaglione_a;fase;valore_medio;affidabilita;fonte). The whole "
-                   "file is checked first and written in one transaction: a file with one bad line changes nothing");
+        "importa",
+        "Load corrected or missing figures from a CSV file "
+        "(versione;tabella;scaglione_da;scaglione_a;fase;valore_medio;affidabilita;fonte). The whole "
+        "file is checked first and written in one transaction: a file with one bad line changes nothing");
     importa->add_option("FILE", options->file, "The CSV file")->required();
     importa->callback([&context, options] {
         std::error_code sizeError;

@@ -38,8 +38,9 @@ protected:
     static inline std::string database;
 };
 
-const std::vector<std::string> Price = {"parametri", "calcola", "--data", "15/03/2024", "--tabella", "2",
-                                        "--valore",  "30000",   "--fasi", "studio,introduttiva,istruttoria,decisionale"};
+const std::vector<std::string> Price = {
+    "parametri", "calcola",  "--data", "15/03/2024", "--tabella",
+    "2",         "--valore", "30000",  "--fasi",     "studio,introduttiva,istruttoria,decisionale"};
 
 std::vector<std::string> with(std::vector<std::string> words, const std::vector<std::string>& more)
 {
@@ -81,16 +82,18 @@ TEST_F(ParametriCommand, PricesOnTheTerminalAndAsJson)
 
 TEST_F(ParametriCommand, RefusalsAreOneLineWithStatusOne)
 {
-    const auto early = run({"parametri", "calcola", "--data", "02/04/2014", "--tabella", "2", "--valore", "30000",
-                            "--fasi", "studio"});
+    const auto early = run(
+        {"parametri", "calcola", "--data", "02/04/2014", "--tabella", "2", "--valore", "30000", "--fasi", "studio"});
     EXPECT_EQ(early.status, 1);
-    EXPECT_EQ(early.err, "avlor: error: La data 02/04/2014 è anteriore al 3 aprile 2014, giorno in cui i parametri "
-                         "del D.M. 55/2014 sono entrati in vigore: quel lavoro si valuta con le tariffe storiche del "
-                         "1994 e del 2004 (avlor tariffe)\n");
+    EXPECT_EQ(early.err,
+              "avlor: error: La data 02/04/2014 è anteriore al 3 aprile 2014, giorno in cui i parametri "
+              "del D.M. 55/2014 sono entrati in vigore: quel lavoro si valuta con le tariffe storiche del "
+              "1994 e del 2004 (avlor tariffe)\n");
     const auto past = run(with(Price, {"--percentuale", "studio=+51"}));
     EXPECT_EQ(past.status, 1);
-    EXPECT_EQ(past.err, "avlor: error: L'aumento del 51% della fase «Fase di studio della controversia» supera il "
-                        "limite del 50% (art. 4 c.1 come modificato dal D.M. 147/2022, versione 2022)\n");
+    EXPECT_EQ(past.err,
+              "avlor: error: L'aumento del 51% della fase «Fase di studio della controversia» supera il "
+              "limite del 50% (art. 4 c.1 come modificato dal D.M. 147/2022, versione 2022)\n");
 }
 
 TEST_F(ParametriCommand, ABadImportChangesNothing)

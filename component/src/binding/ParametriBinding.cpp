@@ -103,8 +103,7 @@ std::unique_ptr<AutomationObject> makeClsParametri()
                  return Value::text(std::string(parametri::versioneInVigore(a[0].toDate()).nome));
              }},
             {"Versione", 0, [s](std::vector<Value>&) -> DispatchResult { return Value::text(s->result().versione); }},
-            {"Scaglione", 0,
-             [s](std::vector<Value>&) -> DispatchResult { return Value::text(s->result().scaglione); }},
+            {"Scaglione", 0, [s](std::vector<Value>&) -> DispatchResult { return Value::text(s->result().scaglione); }},
             {"NumeroFasi", 0,
              [s](std::vector<Value>&) -> DispatchResult {
                  return Value::longValue(static_cast<std::int32_t>(s->result().fasi.size()));
