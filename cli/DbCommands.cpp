@@ -7,6 +7,7 @@
 #include "DemoFirm.h"
 #include "avlor/data/Database.h"
 #include "avlor/data/NewPracticeDatabase.h"
+#include "avlor/parametri/ParametriDatabase.h"
 #include "avlor/tariffe/OfficialTariffs.h"
 
 namespace avlor::cli {
@@ -49,6 +50,7 @@ void addDbCommands(CLI::App& app, Context& context)
             NewPracticeDatabase made(where);
             setCurrentDatabase(made.fillLocation());
             loaded = loadOfficialTariffs(figures);
+            (void)parametri::caricaParametriSpediti();
             if (options->demo)
                 createDemoFirm();
             if (!options->role.empty())

@@ -10,6 +10,7 @@
 #include "CallCommand.h"
 #include "Context.h"
 #include "DbCommands.h"
+#include "ParametriCommand.h"
 #include "ParcellaCommand.h"
 #include "QueryCommands.h"
 #include "TariffaCommand.h"
@@ -38,6 +39,7 @@ int main(int argc, char** argv)
     avlor::cli::addQueryCommands(app, context);
     avlor::cli::addCallCommand(app, context);
     avlor::cli::addParcellaCommand(app, context);
+    avlor::cli::addParametriCommand(app, context);
 
     try {
         app.parse(argc, argv);

@@ -1,7 +1,9 @@
 #pragma once
 // The schema scripts of each backend, built into the library from
 // sql/schema/<backend>/NNN_name.sql. A new practice database runs them all,
-// in version order; the last one leaves its number in Versioni.
+// in version order. The first leaves the version row in Versioni; the
+// later ones add tables of their own and leave that row as it is, since
+// hosts read it.
 #include <string_view>
 #include <vector>
 

@@ -12,6 +12,7 @@
 #include "avlor/core/Error.h"
 #include "avlor/core/Messages.h"
 #include "avlor/data/DataError.h"
+#include "avlor/parametri/ParametriDatabase.h"
 
 namespace avlor {
 namespace {
@@ -68,12 +69,12 @@ protected:
     TestDatabase db;
 };
 
-TEST(LateBoundRegistry, ListsTheSixClassesUnderTheirProgrammaticNames)
+TEST(LateBoundRegistry, ListsTheClassesUnderTheirProgrammaticNames)
 {
-    EXPECT_EQ(
-        registeredProgIds(),
-        (std::vector<std::string>{"AvlorLogic.ClsParcella", "AvlorLogic.clsUtenti", "AvlorLogic.clsPratica",
-                                  "AvlorLogic.clsDataBase", "AvlorLogic.clsAnagrafica", "AvlorLogic.clsFatture"}));
+    EXPECT_EQ(registeredProgIds(),
+              (std::vector<std::string>{"AvlorLogic.ClsParcella", "AvlorLogic.clsUtenti", "AvlorLogic.clsPratica",
+                                        "AvlorLogic.clsDataBase", "AvlorLogic.clsAnagrafica", "AvlorLogic.clsFatture",
+                                        "AvlorLogic.clsParametri"}));
 }
 
 TEST(LateBoundRegistry, EachClassOffersItsOperationsInDeclarationOrder)
@@ -88,12 +89,56 @@ TEST(LateBoundRegistry, EachClassOffersItsOperationsInDeclarationOrder)
         {"AvlorLogic.clsDataBase", {"VersioneMdb"}},
         {"AvlorLogic.clsAnagrafica", {"IsSoggettoGiuridico"}},
         {"AvlorLogic.clsFatture", {"GetResiduoFattura"}},
+        {"AvlorLogic.clsParametri",
+         {"Calcola", "VersioneInVigore", "Versione", "Scaglione", "NumeroFasi", "NomeFase", "MedioFase", "MinimoFase",
+          "MassimoFase", "ImportoFase", "FonteFase", "Compenso", "SpeseGenerali", "Totale", "Avvertenze"}},
     };
     for (const auto& [progId, methods] : expected) {
         auto object = CreateObject(progId);
         EXPECT_EQ(object->progId(), progId);
         EXPECT_EQ(object->methodNames(), methods) << progId;
     }
+}
+
+// Pricing through the late-bound face, from the figures loaded into the
+// practice database: a tribunale case of 30.000 euro in 2024, the istruttoria
+// phase raised by 20 %.
+TEST(LateBoundParametri, PricesAndExplainsEachPhase)
+{
+    TestDatabase db;
+    (void)parametri::caricaParametriSpediti();
+    auto object = CreateObject("AvlorLogic.clsParametri");
+    std::vector<Value> args = {Value::date(Date::fromYmd(2024, 3, 15)),
+                               Value::text("2"),
+                               Value::currency(Currency::fromWhole(30000)),
+                               Value::text("studio,introduttiva,istruttoria,decisionale"),
+                               Value::text("istruttoria=+20"),
+                               Value::longValue(1)};
+    const DispatchResult total = object->invoke("Calcola", args);
+    EXPECT_EQ(std::get<Value>(total).asCurrency(), Currency::fromText("9173.78"));
+    std::vector<Value> none;
+    EXPECT_EQ(std::get<Value>(object->invoke("Versione", none)).asText(), "2022");
+    EXPECT_EQ(std::get<Value>(object->invoke("NumeroFasi", none)).asLong(), 4);
+    std::vector<Value> third = {Value::longValue(3)};
+    EXPECT_EQ(std::get<Value>(object->invoke("NomeFase", third)).asText(), "Fase istruttoria e/o di trattazione");
+    EXPECT_EQ(std::get<Value>(object->invoke("ImportoFase", third)).asCurrency(), Currency::fromText("2167.2"));
+    EXPECT_EQ(std::get<Value>(object->invoke("MassimoFase", third)).asCurrency(), Currency::fromWhole(2709));
+    EXPECT_NE(std::get<Value>(object->invoke("FonteFase", third)).asText().find("foroeuropeo"), std::string::npos);
+    std::vector<Value> early = {Value::date(Date::fromYmd(2014, 4, 2)),
+                                Value::text("2"),
+                                Value::currency(Currency::fromWhole(30000)),
+                                Value::text("studio"),
+                                Value::text(""),
+                                Value::longValue(1)};
+    std::string refusal;
+    try {
+        (void)object->invoke("Calcola", early);
+    } catch (const parametri::ParametriError& e) {
+        refusal = e.what();
+    }
+    EXPECT_EQ(refusal,
+              "La data 02/04/2014 è anteriore al 3 aprile 2014, giorno in cui i parametri del D.M. 55/2014 sono "
+              "entrati in vigore: quel lavoro si valuta con le tariffe storiche del 1994 e del 2004 (avlor tariffe)");
 }
 
 TEST(LateBoundRegistry, NamesAreMatchedWithoutRegardToLetterCase)

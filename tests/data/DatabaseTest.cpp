@@ -228,7 +228,7 @@ TEST(Create, InMemoryDatabase)
 {
     const std::string location = "file:avlor-memory-test?mode=memory&cache=shared";
     createPracticeDatabase(location);
-    EXPECT_EQ(connectionFor(location)->tableNames().size(), 24U);
+    EXPECT_EQ(connectionFor(location)->tableNames().size(), 26U);
     EXPECT_THROW(createPracticeDatabase(location), DataError);
     closeConnections(location);
 }

@@ -36,6 +36,8 @@ TEST(Schema, NewDatabaseHoldsEveryTable)
                                                "OnorariStrag2004Euro",
                                                "OnorariStrag94",
                                                "OnorariStrag94Euro",
+                                               "ParametriCifre",
+                                               "ParametriTabelle",
                                                "ParcellaBase",
                                                "Pratica",
                                                "RelGruppiUtenti",

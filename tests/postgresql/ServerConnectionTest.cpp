@@ -107,7 +107,7 @@ TEST(ServerConnection, PracticeDatabaseIsMadeInAnEmptyDatabase)
     const EmptyServerDatabase empty("nuovo");
     createPracticeDatabase(empty.location());
     const auto connection = connectionFor(empty.location());
-    EXPECT_EQ(connection->tableNames().size(), 24U);
+    EXPECT_EQ(connection->tableNames().size(), 26U);
     EXPECT_EQ(connection->singleValue("SELECT Versione FROM Versioni").asLong(), 1);
     EXPECT_EQ(connection->singleValue("SELECT Count(*) FROM ConfigGenerale").asLong(), 1);
     EXPECT_EQ(connection->singleValue("SELECT ValutaDefault FROM ConfigGenerale").asText(), "EURO");

@@ -42,5 +42,6 @@ std::unique_ptr<AutomationObject> makeClsPratica();
 std::unique_ptr<AutomationObject> makeClsDataBase();
 std::unique_ptr<AutomationObject> makeClsAnagrafica();
 std::unique_ptr<AutomationObject> makeClsFatture();
+std::unique_ptr<AutomationObject> makeClsParametri();
 
 } // namespace avlor::binding

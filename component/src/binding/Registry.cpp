@@ -20,6 +20,7 @@ const std::vector<std::pair<std::string, Factory>>& factories()
         {"AvlorLogic.clsDataBase", &binding::makeClsDataBase},
         {"AvlorLogic.clsAnagrafica", &binding::makeClsAnagrafica},
         {"AvlorLogic.clsFatture", &binding::makeClsFatture},
+        {"AvlorLogic.clsParametri", &binding::makeClsParametri},
     };
     return table;
 }

@@ -31,7 +31,8 @@ public:
     virtual DispatchResult invoke(const std::string& method, std::vector<Value>& arguments) = 0;
 };
 
-// The programmatic names of the six public classes, in a fixed order.
+// The programmatic names of the public classes, in a fixed order: the six
+// of the original component, then clsParametri.
 [[nodiscard]] const std::vector<std::string>& registeredProgIds();
 
 // Creates the class registered under `progId` (compared without regard to

@@ -1,0 +1,382 @@
+#include "ParametriCommand.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <iomanip>
+#include <memory>
+#include <ostream>
+
+#include "OutputFile.h"
+#include "avlor/parametri/Calcolo.h"
+#include "avlor/parametri/ParametriDatabase.h"
+#include "avlor/parametri/ParametriFile.h"
+
+namespace avlor::cli {
+
+namespace {
+
+using parametri::Catalogo;
+using parametri::Cifra;
+using parametri::Tabella;
+using parametri::testoImporto;
+using parametri::testoImportoPunto;
+
+constexpr std::uintmax_t MaxImportBytes = 16U * 1024U * 1024U;
+
+struct ParametriOptions {
+    std::string data;
+    std::string versione;
+    std::string tabella;
+    std::string valore;
+    std::string indeterminabile;
+    std::string fasi;
+    std::vector<std::string> percentuali;
+    int clienti = 1;
+    std::string file;
+    std::string output;
+};
+
+Date readDate(const std::string& text)
+{
+    const auto date = Date::parseDayFirst(text);
+    if (!date)
+        throw CommandError("«" + text + "» non è una data: indicarla come GG/MM/AAAA");
+    return *date;
+}
+
+// Characters, not bytes: the names hold accented letters and the euro sign.
+std::size_t width(const std::string& text)
+{
+    return static_cast<std::size_t>(
+        std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+}
+
+std::string padRight(const std::string& text, std::size_t size)
+{
+    return text + std::string(size > width(text) ? size - width(text) : 0, ' ');
+}
+
+std::string padLeft(const std::string& text, std::size_t size)
+{
+    return std::string(size > width(text) ? size - width(text) : 0, ' ') + text;
+}
+
+std::vector<std::string> split(const std::string& text, char separator)
+{
+    std::vector<std::string> parts;
+    std::string part;
+    for (const char c : text) {
+        if (c == separator) {
+            parts.push_back(part);
+            part.clear();
+        } else {
+            part += c;
+        }
+    }
+    parts.push_back(part);
+    std::vector<std::string> result;
+    for (std::string& p : parts) {
+        const auto first = p.find_first_not_of(' ');
+        const auto last = p.find_last_not_of(' ');
+        if (first != std::string::npos)
+            result.push_back(p.substr(first, last - first + 1));
+    }
+    return result;
+}
+
+std::string inVigore(const parametri::Versione& v)
+{
+    return "dal " + v.dal.toDayFirst() + (v.al ? " al " + v.al->toDayFirst() : std::string(", in vigore"));
+}
+
+nlohmann::ordered_json tableJson(const Tabella& t, bool withFigures)
+{
+    nlohmann::ordered_json json{{"versione", t.versione},     {"tabella", t.numero},
+                                {"titolo", t.titolo},         {"affidabilita", t.affidabilita},
+                                {"verificata", t.verificata}, {"nota", t.nota},
+                                {"cifre", t.cifre.size()},    {"fonte", t.fonte}};
+    if (withFigures) {
+        auto figures = nlohmann::ordered_json::array();
+        for (const Cifra& c : t.cifre)
+            figures.push_back({{"scaglioneDa", c.da ? nlohmann::ordered_json(testoImportoPunto(*c.da)) : nullptr},
+                               {"scaglioneA", c.a ? nlohmann::ordered_json(testoImportoPunto(*c.a)) : nullptr},
+                               {"fase", c.fase},
+                               {"valoreMedio", testoImportoPunto(c.valoreMedio)},
+                               {"affidabilita", c.affidabilita},
+                               {"fonte", c.fonte}});
+        json["cifre"] = figures;
+    }
+    return json;
+}
+
+void printTables(Context& context, const ParametriOptions& options)
+{
+    context.openPracticeDatabase();
+    const Catalogo catalogo = parametri::leggiParametri();
+    std::vector<const parametri::Versione*> versions;
+    if (!options.data.empty()) {
+        versions.push_back(&parametri::versioneInVigore(readDate(options.data)));
+    } else {
+        for (const parametri::Versione& v : parametri::versioni())
+            versions.push_back(&v);
+    }
+    if (context.json) {
+        auto list = nlohmann::ordered_json::array();
+        for (const parametri::Versione* v : versions) {
+            auto tables = nlohmann::ordered_json::array();
+            for (const Tabella& t : catalogo.tabelle) {
+                if (t.versione == v->nome)
+                    tables.push_back(tableJson(t, false));
+            }
+            list.push_back({{"versione", v->nome},
+                            {"decreto", v->decreto},
+                            {"dal", v->dal.toDayFirst()},
+                            {"al", v->al ? nlohmann::ordered_json(v->al->toDayFirst()) : nullptr},
+                            {"tabelle", tables}});
+        }
+        *context.out << nlohmann::ordered_json{{"risultato", {{"versioni", list}}}}.dump() << '\n';
+        return;
+    }
+    for (const parametri::Versione* v : versions) {
+        *context.out << "Versione " << v->nome << ": " << v->decreto << ", " << inVigore(*v) << '\n';
+        for (const Tabella& t : catalogo.tabelle) {
+            if (t.versione != v->nome)
+                continue;
+            *context.out << "  " << padRight(t.numero, 7) << padRight(t.titolo, 92)
+                         << padLeft(std::to_string(t.cifre.size()), 4) << " cifre  affidabilità " << t.affidabilita
+                         << (t.verificata ? "" : "  NON VERIFICATA") << '\n';
+        }
+    }
+}
+
+void printTable(Context& context, const ParametriOptions& options)
+{
+    context.openPracticeDatabase();
+    const Catalogo catalogo = parametri::leggiParametri();
+    std::string version = options.versione;
+    if (version.empty() && !options.data.empty())
+        version = std::string(parametri::versioneInVigore(readDate(options.data)).nome);
+    if (version.empty())
+        version = std::string(parametri::versioni().back().nome);
+    (void)parametri::versione(version);
+    const std::string number = parametri::numeroTabella(options.tabella);
+    const Tabella* t = catalogo.trova(version, number);
+    if (t == nullptr)
+        throw CommandError("La versione " + version + " dei parametri non ha la tabella " + number +
+                           " tra le cifre caricate");
+    if (context.json) {
+        *context.out << nlohmann::ordered_json{{"risultato", tableJson(*t, true)}}.dump() << '\n';
+        return;
+    }
+    *context.out << "Tabella " << t->numero << " - " << t->titolo << " (versione " << t->versione << ", affidabilità "
+                 << t->affidabilita << (t->verificata ? "" : ", NON VERIFICATA: non ufficiale") << ")\n";
+    std::string bracket = "(none)";
+    for (const Cifra& c : t->cifre) {
+        const std::string current = parametri::testoScaglione(c);
+        if (current != bracket) {
+            *context.out << "  " << (c.da ? "Scaglione " + current : std::string("Senza scaglioni")) << '\n';
+            bracket = current;
+        }
+        *context.out << "    " << padRight(c.fase, 70) << padLeft(testoImporto(c.valoreMedio), 12) << '\n';
+    }
+    if (!t->nota.empty())
+        *context.out << "Nota: " << t->nota << '\n';
+    *context.out << "Fonte: " << t->fonte << '\n';
+}
+
+nlohmann::ordered_json resultJson(const parametri::Risultato& r)
+{
+    auto phases = nlohmann::ordered_json::array();
+    for (const parametri::FaseCalcolata& f : r.fasi)
+        phases.push_back({{"fase", f.fase},
+                          {"cifra", testoImportoPunto(f.cifra)},
+                          {"medio", testoImportoPunto(f.medio)},
+                          {"minimo", testoImportoPunto(f.minimo)},
+                          {"massimo", testoImportoPunto(f.massimo)},
+                          {"percentuale", parametri::testoPercentuale(f.percentuale)},
+                          {"scelto", testoImportoPunto(f.scelto)},
+                          {"fonteCifra", f.fonteCifra},
+                          {"regolaMedio", f.regolaMedio},
+                          {"regolaLimiti", f.regolaLimiti},
+                          {"regolaScelto", f.regolaScelto}});
+    return {{"versione", r.versione},
+            {"decreto", r.decreto},
+            {"tabella", r.tabella},
+            {"titolo", r.titolo},
+            {"affidabilita", r.affidabilita},
+            {"verificata", r.verificata},
+            {"valore", r.valore},
+            {"scaglione", r.scaglione},
+            {"regolaScaglione", r.regolaScaglione},
+            {"raddoppi", r.raddoppi},
+            {"fasi", phases},
+            {"sommaFasi", testoImportoPunto(r.sommaFasi)},
+            {"clienti", r.clienti},
+            {"percentualeClienti", parametri::testoPercentuale(r.percentualeClienti)},
+            {"aumentoClienti", testoImportoPunto(r.aumentoClienti)},
+            {"regolaClienti", r.regolaClienti},
+            {"compenso", testoImportoPunto(r.compenso)},
+            {"speseGenerali", testoImportoPunto(r.speseGenerali)},
+            {"regolaSpeseGenerali", r.regolaSpeseGenerali},
+            {"totale", testoImportoPunto(r.totale)},
+            {"avvertenze", r.avvertenze},
+            {"fonteTabella", r.fonteTabella}};
+}
+
+void printResult(Context& context, const parametri::Risultato& r)
+{
+    std::ostream& out = *context.out;
+    out << "Parametri forensi, versione " << r.versione << ": " << r.decreto << '\n';
+    out << "Tabella " << r.tabella << " - " << r.titolo << " (affidabilità " << r.affidabilita << ")\n";
+    out << "Valore: " << (r.valore.empty() ? "-" : r.valore) << "; scaglione " << r.scaglione << '\n';
+    out << "  (" << r.regolaScaglione << ")\n\n";
+    std::size_t name = 30;
+    for (const auto& f : r.fasi)
+        name = std::max(name, width(f.fase));
+    out << padRight("Fase", name) << padLeft("Minimo", 12) << padLeft("Medio", 12) << padLeft("Massimo", 12)
+        << padLeft("%", 9) << padLeft("Importo", 13) << '\n';
+    for (const auto& f : r.fasi)
+        out << padRight(f.fase, name) << padLeft(testoImporto(f.minimo), 12) << padLeft(testoImporto(f.medio), 12)
+            << padLeft(testoImporto(f.massimo), 12) << padLeft(parametri::testoPercentuale(f.percentuale), 9)
+            << padLeft(testoImporto(f.scelto), 13) << '\n';
+    const std::size_t total = name + 58;
+    const auto line = [&](const std::string& label, Currency amount) {
+        out << padRight(label, total - 13) << padLeft(testoImporto(amount), 13) << '\n';
+    };
+    line("Somma delle fasi", r.sommaFasi);
+    if (r.clienti > 1)
+        line("Aumento per " + std::to_string(r.clienti) + " clienti (" +
+                 parametri::testoPercentuale(r.percentualeClienti) + ")",
+             r.aumentoClienti);
+    line("Compenso", r.compenso);
+    line("Spese generali (15%)", r.speseGenerali);
+    line("Totale (senza CPA e IVA)", r.totale);
+    out << "\nDa dove viene ogni numero:\n";
+    for (const auto& f : r.fasi) {
+        out << "  " << f.fase << ": " << f.regolaMedio << "; limiti: " << f.regolaLimiti
+            << "; importo: " << f.regolaScelto << '\n';
+    }
+    if (r.clienti > 1)
+        out << "  Clienti: " << r.regolaClienti << '\n';
+    out << "  Spese generali: " << r.regolaSpeseGenerali << '\n';
+    out << "  Cifre: tabella " << r.tabella << " della versione " << r.versione << ", scaglione " << r.scaglione << "; "
+        << r.fonteTabella << '\n';
+    for (const std::string& warning : r.avvertenze)
+        out << "Attenzione: " << warning << '\n';
+}
+
+void price(Context& context, const ParametriOptions& options)
+{
+    parametri::Richiesta request;
+    request.data = readDate(options.data);
+    request.tabella = options.tabella;
+    if (!options.valore.empty()) {
+        const auto value = parametri::leggiImporto(options.valore);
+        if (!value)
+            throw CommandError("«" + options.valore +
+                               "» non è un valore: indicarlo in euro, per esempio 30000 o "
+                               "30000,50");
+        request.valore = value;
+    }
+    if (!options.indeterminabile.empty())
+        request.indeterminabile = parametri::indeterminabile(options.indeterminabile);
+    request.fasi = split(options.fasi, ',');
+    for (const std::string& item : options.percentuali) {
+        const auto equals = item.find('=');
+        if (equals == std::string::npos)
+            throw CommandError("«" + item + "» non è una percentuale di fase: indicarla come fase=+20");
+        const std::string phase = item.substr(0, equals);
+        if (request.percentuali.count(phase) != 0)
+            throw CommandError("La percentuale della fase «" + phase + "» è indicata più di una volta");
+        request.percentuali[phase] = parametri::percentuale(item.substr(equals + 1));
+    }
+    request.clienti = options.clienti;
+    context.openPracticeDatabase();
+    const parametri::Risultato result = parametri::calcola(parametri::leggiParametri(), request);
+    if (context.json) {
+        *context.out << nlohmann::ordered_json{{"risultato", resultJson(result)}}.dump() << '\n';
+        return;
+    }
+    printResult(context, result);
+}
+
+} // namespace
+
+void addParametriCommand(CLI::App& app, Context& context)
+{
+    auto* command = app.add_subcommand(
+        "parametri", "The lawyers' fee parameters of D.M. 55/2014 (2014, 2018, 2022) for work done since 3 April 2014");
+    command->require_subcommand(1);
+    auto options = std::make_shared<ParametriOptions>();
+
+    auto* tabelle = command->add_subcommand("tabelle", "List the versions and their tables with their confidence");
+    tabelle->add_option("--data", options->data, "Only the version in force on this day (DD/MM/YYYY)");
+    tabelle->callback([&context, options] { printTables(context, *options); });
+
+    auto* mostra = command->add_subcommand("mostra", "Show one table: every figure by bracket and phase, its source");
+    mostra->add_option("--tabella", options->tabella, "Table number, e.g. 2 or 25-bis")->required();
+    mostra->add_option("--versione", options->versione, "2014, 2018 or 2022 (default: the version in force)");
+    mostra->add_option("--data", options->data, "The version in force on this day (DD/MM/YYYY)");
+    mostra->callback([&context, options] { printTable(context, *options); });
+
+    auto* calcola = command->add_subcommand(
+        "calcola",
+        "Price a piece of work: per phase the average, minimum, maximum and chosen amount, the total, "
+        "15% general expenses and the grand total, each with the rule and figure it comes from");
+    calcola->add_option("--data", options->data, "Day the work was completed (DD/MM/YYYY): picks the version")
+        ->required();
+    calcola->add_option("--tabella", options->tabella, "Table number, e.g. 2 (tribunale)")->required();
+    calcola->add_option("--valore", options->valore, "Value of the case in euro");
+    calcola->add_option("--indeterminabile", options->indeterminabile,
+                        "Value that cannot be determined: bassa, alta or particolare");
+    calcola
+        ->add_option("--fasi", options->fasi,
+                     "Phases done, separated by commas: studio,introduttiva,istruttoria,decisionale")
+        ->required();
+    calcola->add_option("--percentuale", options->percentuali,
+                        "Raise or lower a phase over its average, e.g. istruttoria=+20 (repeatable)");
+    calcola->add_option("--clienti", options->clienti, "Number of clients with the same position (default 1)");
+    calcola->callback([&context, options] { price(context, *options); });
+
+    auto* importa = command->add_subcommand(
+        "importa",
+        "Load corrected or missing figures from a CSV file "
+        "(versione;tabella;scaglione_da;scaglione_a;fase;valore_medio;affidabilita;fonte). The whole "
+        "file is checked first and written in one transaction: a file with one bad line changes nothing");
+    importa->add_option("FILE", options->file, "The CSV file")->required();
+    importa->callback([&context, options] {
+        std::error_code sizeError;
+        const auto size = std::filesystem::file_size(options->file, sizeError);
+        if (!sizeError && size > MaxImportBytes)
+            throw CommandError(options->file + " holds " + std::to_string(size) +
+                               " bytes; a parameters file may hold at most 16 MiB");
+        context.openPracticeDatabase();
+        const parametri::Caricamento result = parametri::importaFileParametri(options->file);
+        if (context.json) {
+            *context.out << nlohmann::ordered_json{{"risultato",
+                                                    {{"cifre", result.cifre},
+                                                     {"sostituite", result.sostituite},
+                                                     {"tabelleNuove", result.tabelle}}}}
+                                .dump()
+                         << '\n';
+            return;
+        }
+        *context.out << "Imported " << result.cifre << " figures (" << result.sostituite << " replaced, "
+                     << result.tabelle << " new tables)\n";
+    });
+
+    auto* esporta = command->add_subcommand("esporta", "Write every figure with its source as a CSV file");
+    esporta->add_option("--output", options->output, "File to write (default: standard output)");
+    esporta->callback([&context, options] {
+        context.openPracticeDatabase();
+        const std::string text = parametri::esportaParametri();
+        if (options->output.empty()) {
+            *context.out << text;
+            return;
+        }
+        refuseDatabaseAsOutput(options->output, context.location());
+        writeWholeFile(options->output, text);
+    });
+}
+
+} // namespace avlor::cli

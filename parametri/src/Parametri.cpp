@@ -1,0 +1,162 @@
+#include "avlor/parametri/Parametri.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdint>
+#include <cstdlib>
+#include <set>
+
+namespace avlor::parametri {
+
+namespace {
+
+std::string lowerAscii(std::string_view text)
+{
+    std::string result(text);
+    for (char& c : result)
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return result;
+}
+
+// The count of cents of `importo`, halves to even: the one rounding an
+// amount gets, when a person or a file reads it.
+std::int64_t centesimi(Currency importo)
+{
+    const std::int64_t raw = importo.raw();
+    std::int64_t cents = raw / 100;
+    const std::int64_t rest = raw % 100;
+    const std::int64_t size = rest < 0 ? -rest : rest;
+    if (size > 50 || (size == 50 && cents % 2 != 0))
+        cents += raw < 0 ? -1 : 1;
+    return cents;
+}
+
+std::string withThousands(std::int64_t units)
+{
+    std::string digits = std::to_string(units);
+    std::string result;
+    const std::size_t count = digits.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        if (i > 0 && (count - i) % 3 == 0)
+            result += '.';
+        result += digits[i];
+    }
+    return result;
+}
+
+std::string twoDigits(std::int64_t value) { return (value < 10 ? "0" : "") + std::to_string(value); }
+
+} // namespace
+
+const std::vector<Versione>& versioni()
+{
+    static const std::vector<Versione> all = {
+        {"2014", "D.M. 10 marzo 2014 n. 55, testo originale (GU n. 77 del 2-4-2014)", Date::fromYmd(2014, 4, 3),
+         Date::fromYmd(2018, 4, 26)},
+        {"2018", "D.M. 55/2014 come modificato dal D.M. 8 marzo 2018 n. 37 (GU n. 96 del 26-4-2018)",
+         Date::fromYmd(2018, 4, 27), Date::fromYmd(2022, 10, 22)},
+        {"2022", "D.M. 55/2014 come modificato dal D.M. 13 agosto 2022 n. 147 (GU n. 236 dell'8-10-2022)",
+         Date::fromYmd(2022, 10, 23), std::nullopt},
+    };
+    return all;
+}
+
+const Versione& versione(std::string_view nome)
+{
+    for (const Versione& v : versioni()) {
+        if (v.nome == nome)
+            return v;
+    }
+    throw ParametriError("Non esiste una versione «" + std::string(nome) +
+                         "» dei parametri: le versioni sono 2014, "
+                         "2018 e 2022");
+}
+
+const Versione& versioneInVigore(Date data)
+{
+    const std::vector<Versione>& all = versioni();
+    if (data < all.front().dal)
+        throw ParametriError("La data " + data.toDayFirst() +
+                             " è anteriore al 3 aprile 2014, giorno in cui i parametri del D.M. 55/2014 sono "
+                             "entrati in vigore: quel lavoro si valuta con le tariffe storiche del 1994 e del 2004 "
+                             "(avlor tariffe)");
+    const Versione* found = &all.front();
+    for (const Versione& v : all) {
+        if (v.dal <= data)
+            found = &v;
+    }
+    return *found;
+}
+
+bool Tabella::haScaglioni() const
+{
+    return std::any_of(cifre.begin(), cifre.end(), [](const Cifra& c) { return c.da.has_value(); });
+}
+
+std::vector<std::string> Tabella::fasi() const
+{
+    std::vector<std::string> result;
+    for (const Cifra& c : cifre) {
+        if (std::find(result.begin(), result.end(), c.fase) == result.end())
+            result.push_back(c.fase);
+    }
+    return result;
+}
+
+const Tabella* Catalogo::trova(std::string_view versioneNome, std::string_view numero) const
+{
+    for (const Tabella& t : tabelle) {
+        if (t.versione == versioneNome && t.numero == numero)
+            return &t;
+    }
+    return nullptr;
+}
+
+int ordineTabella(std::string_view numero)
+{
+    const bool bis = numero.size() > 4 && numero.substr(numero.size() - 4) == "-bis";
+    const std::string digits(bis ? numero.substr(0, numero.size() - 4) : numero);
+    return std::atoi(digits.c_str()) * 2 + (bis ? 1 : 0);
+}
+
+std::string numeroTabella(std::string_view testo)
+{
+    std::string text = lowerAscii(testo);
+    text.erase(std::remove_if(text.begin(), text.end(), [](char c) { return c == ' ' || c == '-'; }), text.end());
+    bool bis = false;
+    if (text.size() > 3 && text.substr(text.size() - 3) == "bis") {
+        bis = true;
+        text.resize(text.size() - 3);
+    }
+    const bool digitsOnly = !text.empty() && text.size() <= 3 &&
+        std::all_of(text.begin(), text.end(), [](char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; });
+    const int number = digitsOnly ? std::atoi(text.c_str()) : 0;
+    if (number < 1 || number > 26 || (bis && number != 20 && number != 25))
+        throw ParametriError("«" + std::string(testo) +
+                             "» non è una tabella dei parametri: le tabelle sono numerate da 1 a 26, con 20-bis e "
+                             "25-bis");
+    return std::to_string(number) + (bis ? "-bis" : "");
+}
+
+std::string testoImporto(Currency importo)
+{
+    const std::int64_t cents = centesimi(importo);
+    const std::int64_t size = cents < 0 ? -cents : cents;
+    return (cents < 0 ? "-" : "") + withThousands(size / 100) + "," + twoDigits(size % 100);
+}
+
+std::string testoImportoPunto(Currency importo)
+{
+    const std::int64_t cents = centesimi(importo);
+    const std::int64_t size = cents < 0 ? -cents : cents;
+    return (cents < 0 ? "-" : "") + std::to_string(size / 100) + "." + twoDigits(size % 100);
+}
+
+std::string testoScaglione(const Cifra& cifra)
+{
+    if (!cifra.da || !cifra.a)
+        return "senza scaglioni";
+    return testoImporto(*cifra.da) + " - " + testoImporto(*cifra.a) + " €";
+}
+
+} // namespace avlor::parametri

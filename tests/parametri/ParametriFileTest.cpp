@@ -1,0 +1,120 @@
+// The shipped figures as the program reads them: every version and table
+// with its count, provenance and confidence; and the import file's checks.
+#include <gtest/gtest.h>
+
+#include "avlor/parametri/ParametriFile.h"
+
+namespace avlor::parametri {
+namespace {
+
+std::size_t figures(const std::string& versione)
+{
+    std::size_t count = 0;
+    for (const Tabella& t : catalogoSpedito().tabelle) {
+        if (t.versione == versione)
+            count += t.cifre.size();
+    }
+    return count;
+}
+
+std::size_t tables(const std::string& versione)
+{
+    std::size_t count = 0;
+    for (const Tabella& t : catalogoSpedito().tabelle)
+        count += t.versione == versione ? 1U : 0U;
+    return count;
+}
+
+TEST(ParametriSpediti, EveryVersionWithItsTablesAndFigures)
+{
+    EXPECT_EQ(tables("2014"), 26U);
+    EXPECT_EQ(figures("2014"), 477U);
+    EXPECT_EQ(tables("2018"), 27U);
+    EXPECT_EQ(figures("2018"), 495U);
+    EXPECT_EQ(tables("2022"), 25U); // 24 tables and the criminal one not verified
+    EXPECT_EQ(figures("2022"), 430U + 53U);
+}
+
+TEST(ParametriSpediti, ProvenanceAndConfidence)
+{
+    const Catalogo& c = catalogoSpedito();
+    const Tabella* criminal = c.trova("2022", "15");
+    ASSERT_NE(criminal, nullptr);
+    EXPECT_FALSE(criminal->verificata);
+    EXPECT_EQ(criminal->affidabilita, "bassa");
+    EXPECT_EQ(criminal->titolo, "GIUDIZI PENALI");
+    const Tabella* tribunale = c.trova("2022", "2");
+    ASSERT_NE(tribunale, nullptr);
+    EXPECT_EQ(tribunale->affidabilita, "alta");
+    EXPECT_TRUE(tribunale->verificata);
+    EXPECT_EQ(tribunale->titolo, "GIUDIZI ORDINARI E SOMMARI DI COGNIZIONE INNANZI AL TRIBUNALE");
+    EXPECT_NE(tribunale->fonte.find("foroeuropeo"), std::string::npos);
+    EXPECT_EQ(c.trova("2022", "3")->affidabilita, "media");
+    EXPECT_EQ(c.trova("2014", "3")->affidabilita, "alta");
+    EXPECT_NE(c.trova("2014", "3")->fonte.find("Gazzetta Ufficiale"), std::string::npos);
+    EXPECT_NE(c.trova("2018", "25-bis"), nullptr);
+    EXPECT_EQ(c.trova("2014", "25-bis"), nullptr);
+    EXPECT_EQ(c.trova("2022", "25"), nullptr);
+    EXPECT_EQ(tribunale->cifre.front().affidabilita, "alta");
+    EXPECT_EQ(tribunale->cifre.front().fonte, tribunale->fonte);
+}
+
+TEST(ParametriFile, ExportReadsBackUnchanged)
+{
+    const std::string text = scriviFileParametri(catalogoSpedito());
+    const std::vector<RigaImportata> rows = leggiFileParametri(text, "x");
+    EXPECT_EQ(rows.size(), 477U + 495U + 483U);
+    EXPECT_EQ(rows.front().versione, "2014");
+    EXPECT_EQ(rows.front().tabella, "1");
+    EXPECT_EQ(rows.front().cifra.valoreMedio, Currency::fromWhole(65));
+    EXPECT_EQ(rows.front().cifra.fonte, catalogoSpedito().tabelle.front().fonte);
+}
+
+std::string fault(const std::string& text)
+{
+    try {
+        (void)leggiFileParametri(text, "x");
+    } catch (const ParametriFileError& e) {
+        return e.what();
+    }
+    return "(nessun errore)";
+}
+
+TEST(ParametriFile, MalformedFilesAreRefusedWithLineAndColumn)
+{
+    const std::string header = "versione;tabella;scaglione_da;scaglione_a;fase;valore_medio;affidabilita;fonte\n";
+    EXPECT_EQ(fault(""),
+              "riga 1: il file è vuoto: manca l'intestazione "
+              "versione;tabella;scaglione_da;scaglione_a;fase;valore_medio;affidabilita;fonte");
+    EXPECT_EQ(fault("a;b\n"),
+              "riga 1: l'intestazione deve essere "
+              "versione;tabella;scaglione_da;scaglione_a;fase;valore_medio;affidabilita;fonte");
+    EXPECT_EQ(fault(header + "2022;25;0,01;1100;Compenso;abc;alta;x\n"),
+              "riga 2, colonna valore_medio: «abc» non è un importo maggiore di zero");
+    EXPECT_EQ(fault(header + "2023;25;0,01;1100;Compenso;10;alta;x\n"),
+              "riga 2, colonna versione: Non esiste una versione «2023» dei parametri: le versioni sono 2014, 2018 e "
+              "2022");
+    EXPECT_EQ(fault(header + "2022;25;1100;0,01;Compenso;10;alta;x\n"),
+              "riga 2, colonna scaglione_a: lo scaglione deve finire dopo il suo inizio");
+    EXPECT_EQ(fault(header + "2022;25;0,01;1100;Compenso;10;certa;x\n"),
+              "riga 2, colonna affidabilita: «certa» non è un'affidabilità: alta, media o bassa");
+    EXPECT_EQ(fault(header + "2022;25;0,01;1100;Compenso;10;alta;x\n2022;25;0,01;1100;Compenso;12;alta;y\n"),
+              "riga 3, colonna fase: la cifra della tabella 25 (versione 2022), 0,01 - 1.100,00 €, fase «Compenso» "
+              "è già in una riga precedente");
+    EXPECT_EQ(fault(header + "2022;25;0,01;1100;Compenso;10\n"), "riga 2: la riga ha 6 colonne invece di 8");
+    EXPECT_EQ(fault(header + "2022;25;0,01;1100;Compenso;10,123;alta;x\n"),
+              "riga 2, colonna valore_medio: «10,123» non è un importo maggiore di zero");
+}
+
+TEST(ParametriFile, ReadsAmounts)
+{
+    EXPECT_EQ(leggiImporto("1100,00"), Currency::fromWhole(1100));
+    EXPECT_EQ(leggiImporto("0.01"), Currency::fromText("0.01"));
+    EXPECT_EQ(leggiImporto(" 3544 "), Currency::fromWhole(3544));
+    EXPECT_FALSE(leggiImporto("1.100,00"));
+    EXPECT_FALSE(leggiImporto("12,"));
+    EXPECT_FALSE(leggiImporto("-5"));
+}
+
+} // namespace
+} // namespace avlor::parametri
