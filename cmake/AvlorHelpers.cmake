@@ -104,3 +104,53 @@ function(avlor_test name)
     set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${environment_file})
   endforeach()
 endfunction()
+
+# Writes `content` to `path` only when it differs from what is there, so
+# that an unchanged generated source is not compiled again.
+function(avlor_write_if_changed path content)
+  if(EXISTS ${path})
+    file(READ ${path} previous)
+  else()
+    set(previous "")
+  endif()
+  if(NOT previous STREQUAL content)
+    file(WRITE ${path} "${content}")
+  endif()
+endfunction()
+
+# Builds text files into the library, so that the program finds them
+# wherever it stands: generates SOURCE, a C++ source defining
+# `std::span<const TYPE> FUNCTION() noexcept` in NAMESPACE (declared in
+# HEADER) over one {name, text} entry per file, the name relative to BASE.
+# A changed file is built in at the next build. WHAT names the files in
+# messages.
+function(avlor_embed_text_files)
+  cmake_parse_arguments(EMBED "" "SOURCE;BASE;HEADER;NAMESPACE;TYPE;FUNCTION;WHAT" "FILES" ${ARGN})
+  set(files ${EMBED_FILES})
+  list(SORT files)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${files})
+  set(entries "")
+  foreach(file IN LISTS files)
+    file(RELATIVE_PATH name ${EMBED_BASE} ${file})
+    file(READ ${file} text)
+    if(text MATCHES "\\)avlorcsv\"")
+      message(FATAL_ERROR "${EMBED_WHAT} ${file} holds the raw-string delimiter")
+    endif()
+    string(APPEND entries "    {\"${name}\", R\"avlorcsv(${text})avlorcsv\"},\n")
+  endforeach()
+  file(RELATIVE_PATH from ${PROJECT_SOURCE_DIR} ${EMBED_BASE})
+  avlor_write_if_changed(${EMBED_SOURCE} "// Generated from ${from} by the build; do not edit.
+#include \"${EMBED_HEADER}\"
+
+namespace ${EMBED_NAMESPACE} {
+
+namespace {
+const ${EMBED_TYPE} allFiles[] = {
+${entries}};
+} // namespace
+
+std::span<const ${EMBED_TYPE}> ${EMBED_FUNCTION}() noexcept { return allFiles; }
+
+} // namespace ${EMBED_NAMESPACE}
+")
+endfunction()

@@ -28,6 +28,20 @@ const std::string DomandaSopraMassimo = "ATTENZIONE : L'importo e' superiore al 
 // text that is no number (or past 32767) refused with ValueError.
 std::int16_t numeroDigitato(const std::string& text) { return Value(text).toInteger(); }
 
+// Opens the row a save writes: a new one, once room was made for it at `n`
+// in its sequence, or the action being changed.
+void apriRigaDaSalvare(clsAccessoDati& dati, bool bNuova, std::int32_t idPratica, std::int16_t n, bool bTariffa,
+                       std::int32_t idAzione)
+{
+    if (bNuova) {
+        faiPostoPerInserimento(idPratica, n, bTariffa);
+        dati.Apri(sql::TabellaAzioni, 1, 3, -1);
+        dati.Recordset().AddNew();
+    } else {
+        dati.Apri(sql::azione(idAzione), 1, 3, -1);
+    }
+}
+
 } // namespace
 
 // Whether the action goes into the expense note is read when it is stored;
@@ -206,6 +220,25 @@ void frmOKParcella::PreparaNuovaVoce()
     setControlText("FQuantita", "1");
 }
 
+// A money field's amount, or 0 when it is empty.
+Currency frmOKParcella::importoOZero(const std::string& name) const
+{
+    return trimmed(textOf(name)).empty() ? Currency{} : amountOf(name);
+}
+
+// The fields both kinds of action store alike: the date, the number, the
+// case file with its currency and rate, and the expenses.
+void frmOKParcella::ImpostaCampiComuni(clsAccessoDati& dati, std::int16_t n) const
+{
+    dati.ImpostaCampo("Data", Value(dataInserita()));
+    dati.ImpostaCampo("NOrdine", Value(n));
+    dati.ImpostaCampo("IdPra", Value(s_.idPratica));
+    dati.ImpostaCampo("Valuta", Value(s_.ValutaPratica));
+    dati.ImpostaCampo("Cambio", Value(s_.CambioPratica));
+    dati.ImpostaCampo("Imponibili", Value(importoOZero("FImponibili")));
+    dati.ImpostaCampo("Esenti", Value(importoOZero("FEsenti")));
+}
+
 bool frmOKParcella::SalvaAzioneTariffa(bool bNuova)
 {
     BusyPointer busy(view());
@@ -213,21 +246,11 @@ bool frmOKParcella::SalvaAzioneTariffa(bool bNuova)
         const std::int16_t n = numeroDigitato(textOf("FNumOrdine"));
         UnitOfWork lavoro(s_.idPratica);
         clsAccessoDati dati;
-        if (bNuova) {
-            faiPostoPerInserimento(s_.idPratica, n, true);
-            dati.Apri(sql::TabellaAzioni, 1, 3, -1);
-            dati.Recordset().AddNew();
-        } else {
-            dati.Apri(sql::azione(s_.idAzioneCorrente), 1, 3, -1);
-        }
+        apriRigaDaSalvare(dati, bNuova, s_.idPratica, n, true, s_.idAzioneCorrente);
 
-        dati.ImpostaCampo("Data", Value(dataInserita()));
-        dati.ImpostaCampo("NOrdine", Value(n));
-        dati.ImpostaCampo("IdPra", Value(s_.idPratica));
+        ImpostaCampiComuni(dati, n);
         dati.ImpostaCampo("Codice", Value(textOf("cmbCodice")));
         dati.ImpostaCampo("Descr", Value(textOf("cmbVoce")));
-        dati.ImpostaCampo("Valuta", Value(s_.ValutaPratica));
-        dati.ImpostaCampo("Cambio", Value(s_.CambioPratica));
         dati.ImpostaCampo("Diritti", Value(Currency{}));
         dati.ImpostaCampo("Onorari", Value(Currency{}));
         if (!trimmed(textOf("FImporto")).empty()) {
@@ -245,9 +268,6 @@ bool frmOKParcella::SalvaAzioneTariffa(bool bNuova)
                 dati.ImpostaCampo("TipoAzione", Value(tipo));
             }
         }
-        dati.ImpostaCampo("Imponibili",
-                          Value(trimmed(textOf("FImponibili")).empty() ? Currency{} : amountOf("FImponibili")));
-        dati.ImpostaCampo("Esenti", Value(trimmed(textOf("FEsenti")).empty() ? Currency{} : amountOf("FEsenti")));
         dati.ImpostaCampo("IsTariffa", Value(true));
         const std::string quantita = textOf("FQuantita");
         dati.ImpostaCampo("Quantita", Value(trimmed(quantita).empty() ? std::string("0") : quantita));
@@ -280,32 +300,19 @@ bool frmOKParcella::SalvaAzioneOraria(bool bNuova)
         const std::int16_t n = numeroDigitato(textOf("FNumOrdine"));
         UnitOfWork lavoro(s_.idPratica);
         clsAccessoDati dati;
-        if (bNuova) {
-            faiPostoPerInserimento(s_.idPratica, n, false);
-            dati.Apri(sql::TabellaAzioni, 1, 3, -1);
-            dati.Recordset().AddNew();
-        } else {
-            dati.Apri(sql::azione(s_.idAzioneCorrente), 1, 3, -1);
-        }
+        apriRigaDaSalvare(dati, bNuova, s_.idPratica, n, false, s_.idAzioneCorrente);
 
         // The tariff fields (Codice, Diritti, Quantita, TipoAzione, the item
         // and its table, IdFattura) are not an hourly action's: a new row
         // keeps the table's defaults.
-        dati.ImpostaCampo("Data", Value(dataInserita()));
-        dati.ImpostaCampo("IdPra", Value(s_.idPratica));
+        ImpostaCampiComuni(dati, n);
         dati.ImpostaCampo("Descr", Value(textOf("txtDescrizione")));
-        dati.ImpostaCampo("Valuta", Value(s_.ValutaPratica));
-        dati.ImpostaCampo("Cambio", Value(s_.CambioPratica));
-        dati.ImpostaCampo("Onorari", Value(trimmed(textOf("FImporto")).empty() ? Currency{} : amountOf("FImporto")));
-        dati.ImpostaCampo("Imponibili",
-                          Value(trimmed(textOf("FImponibili")).empty() ? Currency{} : amountOf("FImponibili")));
-        dati.ImpostaCampo("Esenti", Value(trimmed(textOf("FEsenti")).empty() ? Currency{} : amountOf("FEsenti")));
+        dati.ImpostaCampo("Onorari", Value(importoOZero("FImporto")));
         dati.ImpostaCampo("IsTariffa", Value(false));
         const std::string ore = trimmed(textOf("FOre"));
         dati.ImpostaCampo("Ore", Value(ore.empty() ? 0.0 : Value(ore).toDouble()));
         const std::string minuti = trimmed(textOf("FMinuti"));
         dati.ImpostaCampo("Minuti", Value(minuti.empty() ? std::int32_t{0} : Value(minuti).toLong()));
-        dati.ImpostaCampo("NOrdine", Value(n));
         // A change clears the invoiced mark as well.
         dati.ImpostaCampo("bFattura", Value(false));
         dati.ImpostaCampo("IdEseguitoDa", Value(s_.idEseguitoDa));

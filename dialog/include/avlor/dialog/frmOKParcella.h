@@ -28,6 +28,10 @@
 #include "avlor/dialog/DialogView.h"
 #include "avlor/dialog/FormState.h"
 
+namespace avlor {
+class clsAccessoDati;
+}
+
 namespace avlor::dialog {
 
 // The dialog's caption.
@@ -186,6 +190,8 @@ private:
     // The message of a press that failed: nothing of it was kept.
     void segnalaFallimento(const std::exception& error) const;
     [[nodiscard]] Date dataInserita() const;
+    [[nodiscard]] Currency importoOZero(const std::string& name) const;
+    void ImpostaCampiComuni(clsAccessoDati& dati, std::int16_t n) const;
 
     // Hourly billing.
     void CaricaUtenti(std::int32_t IdUtente);
