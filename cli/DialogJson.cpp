@@ -18,6 +18,7 @@ ordered_json formJson(const dialog::FormState& f)
     form["Rilevanza"] = f.Rilevanza;
     form["Autorita"] = f.Autorita;
     form["ValutaPratica"] = f.ValutaPratica;
+    form["CambioPratica"] = amount(f.CambioPratica);
     form["ValutaDefault"] = f.ValutaDefault;
     form["CambioLiraEuro"] = amount(f.CambioLiraEuro);
     form["sTabella"] = f.sTabella;

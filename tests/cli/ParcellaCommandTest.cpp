@@ -101,6 +101,7 @@ TEST_F(ParcellaCommandTest, StartUpReadsTheCaseFileTheConfigurationAndTheActions
     EXPECT_EQ(form["Rilevanza"], 50);
     EXPECT_EQ(form["Autorita"], "Tribunale");
     EXPECT_EQ(form["ValutaPratica"], "EURO");
+    EXPECT_EQ(form["CambioPratica"], "1.0000");
     EXPECT_EQ(form["ValutaDefault"], "EURO");
     EXPECT_EQ(form["CambioLiraEuro"], "1936.2700");
     // A euro firm, work dated after 2 June 2004: the 2004 rights table.

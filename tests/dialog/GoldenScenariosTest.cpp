@@ -53,7 +53,7 @@ GrigliaParcella: columns=["IDAZIONE", "", "", "Data", "Azione", "", "Diritti", "
   ["1", "False", "1", "10/01/2005", "Posizione e archivio", "1", "€  1.234,50", "0", "0", "0", "Avv. Rossi", "", "1", "0"]
 --
 idPratica=7 sParti="Rossi Mario / Bianchi SpA" sAdempEff="Atto di citazione" sData="15/03/2005" idUtenteCorrente=1
-Valore=0.0000 bIndeterminato=1 Rilevanza=50 Autorita="Tribunale" ValutaPratica="EURO"
+Valore=0.0000 bIndeterminato=1 Rilevanza=50 Autorita="Tribunale" ValutaPratica="EURO" CambioPratica=1936.2700
 ValutaDefault="EURO" CambioLiraEuro=1936.2700 sTabella="Diritti2004Euro" NomiCampi=14
 bModifica=0 idAzioneCorrente=0 idTariffa=0 ImportoVoce=0.0000 ArrayAzioni=1
 idEseguitoDa=1 TariffaEuro=150.0000 TariffaLira=250000.0000
@@ -87,7 +87,7 @@ GrigliaParcella: columns=["IDAZIONE", "", "", "Data", "Azione", "", "Diritti", "
   ["1", "False", "1", "10/01/2005", "Posizione e archivio", "1", "€  1.234,50", "0", "0", "0", "Avv. Rossi", "", "1", "0"]
 --
 idPratica=7 sParti="Rossi Mario / Bianchi SpA" sAdempEff="Atto di citazione" sData="15/03/2005" idUtenteCorrente=1
-Valore=0.0000 bIndeterminato=1 Rilevanza=50 Autorita="Tribunale" ValutaPratica="EURO"
+Valore=0.0000 bIndeterminato=1 Rilevanza=50 Autorita="Tribunale" ValutaPratica="EURO" CambioPratica=1936.2700
 ValutaDefault="EURO" CambioLiraEuro=1936.2700 sTabella="Diritti2004Euro" NomiCampi=14
 bModifica=0 idAzioneCorrente=0 idTariffa=391 ImportoVoce=20.0000 ArrayAzioni=1
 idEseguitoDa=1 TariffaEuro=150.0000 TariffaLira=250000.0000
@@ -128,7 +128,7 @@ fraTempo: hidden
 GrigliaParcella: columns=["IDAZIONE", "", "", "Data", "Azione", "", "Diritti", "Onorari  ", "Spese Imp.", "Spese Esen.", "Eseguito da", "HH:MM", "IdEseguito", "IsNotaSpese"]
 --
 idPratica=7 sParti="Rossi Mario / Bianchi SpA" sAdempEff="Atto di citazione" sData="01/06/2004" idUtenteCorrente=1
-Valore=0.0000 bIndeterminato=1 Rilevanza=0 Autorita="Tribunale" ValutaPratica="EURO"
+Valore=0.0000 bIndeterminato=1 Rilevanza=0 Autorita="Tribunale" ValutaPratica="EURO" CambioPratica=1936.2700
 ValutaDefault="EURO" CambioLiraEuro=1936.2700 sTabella="Diritti94Euro" NomiCampi=14
 bModifica=0 idAzioneCorrente=0 idTariffa=132 ImportoVoce=7.7500 ArrayAzioni=0
 idEseguitoDa=1 TariffaEuro=150.0000 TariffaLira=250000.0000
@@ -178,7 +178,7 @@ GrigliaParcella: columns=["IDAZIONE", "", "", "Data", "Azione", "", "Diritti", "
   ["1", "False", "1", "12/12/1996", "Esame", "1", "L. 12.346", "0", "L. 5.000", "0", "Avv. Rossi", "", "1", "0"]
 --
 idPratica=7 sParti="Rossi Mario / Bianchi SpA" sAdempEff="Atto di citazione" sData="20/01/1997" idUtenteCorrente=1
-Valore=0.0000 bIndeterminato=1 Rilevanza=37 Autorita="Pretura" ValutaPratica="LIRA"
+Valore=0.0000 bIndeterminato=1 Rilevanza=37 Autorita="Pretura" ValutaPratica="LIRA" CambioPratica=1936.2700
 ValutaDefault="LIRA" CambioLiraEuro=1936.2700 sTabella="Diritti94" NomiCampi=14
 bModifica=0 idAzioneCorrente=0 idTariffa=132 ImportoVoce=30000.0000 ArrayAzioni=1
 idEseguitoDa=1 TariffaEuro=150.0000 TariffaLira=250000.0000
@@ -212,7 +212,7 @@ GrigliaParcella: columns=["IDAZIONE", "", "", "Data", "Azione", "", "Diritti", "
   ["1", "False", "1", "12/12/1996", "Esame", "1", "L. 12.346", "0", "L. 5.000", "0", "Avv. Rossi", "", "1", "0"]
 --
 idPratica=7 sParti="Rossi Mario / Bianchi SpA" sAdempEff="Atto di citazione" sData="20/01/1997" idUtenteCorrente=1
-Valore=0.0000 bIndeterminato=1 Rilevanza=37 Autorita="Pretura" ValutaPratica="LIRA"
+Valore=0.0000 bIndeterminato=1 Rilevanza=37 Autorita="Pretura" ValutaPratica="LIRA" CambioPratica=1936.2700
 ValutaDefault="LIRA" CambioLiraEuro=1936.2700 sTabella="Diritti94" NomiCampi=14
 bModifica=0 idAzioneCorrente=0 idTariffa=132 ImportoVoce=30000.0000 ArrayAzioni=1
 idEseguitoDa=1 TariffaEuro=150.0000 TariffaLira=250000.0000
@@ -254,7 +254,7 @@ fraTempo: hidden
 GrigliaParcella: columns=["IDAZIONE", "", "", "Data", "Azione", "", "Diritti", "Onorari  ", "Spese Imp.", "Spese Esen.", "Eseguito da", "HH:MM", "IdEseguito", "IsNotaSpese"]
 --
 idPratica=7 sParti="Rossi Mario / Bianchi SpA" sAdempEff="Atto di citazione" sData="15/03/2005" idUtenteCorrente=1
-Valore=0.0000 bIndeterminato=1 Rilevanza=0 Autorita="" ValutaPratica="EURO"
+Valore=0.0000 bIndeterminato=1 Rilevanza=0 Autorita="" ValutaPratica="EURO" CambioPratica=1936.2700
 ValutaDefault="EURO" CambioLiraEuro=1936.2700 sTabella="OnorariPenali2004Euro" NomiCampi=14
 bModifica=0 idAzioneCorrente=0 idTariffa=5 ImportoVoce=0.0000 ArrayAzioni=0
 idEseguitoDa=1 TariffaEuro=150.0000 TariffaLira=250000.0000
@@ -311,7 +311,7 @@ fraTempo: hidden
 GrigliaParcella: columns=["IDAZIONE", "", "", "Data", "Azione", "", "Diritti", "Onorari  ", "Spese Imp.", "Spese Esen.", "Eseguito da", "HH:MM", "IdEseguito", "IsNotaSpese"]
 --
 idPratica=7 sParti="Rossi Mario / Bianchi SpA" sAdempEff="Atto di citazione" sData="15/03/2005" idUtenteCorrente=1
-Valore=10000.0000 bIndeterminato=0 Rilevanza=0 Autorita="Tribunale" ValutaPratica="EURO"
+Valore=10000.0000 bIndeterminato=0 Rilevanza=0 Autorita="Tribunale" ValutaPratica="EURO" CambioPratica=1936.2700
 ValutaDefault="EURO" CambioLiraEuro=1936.2700 sTabella="OnorariStrag2004Euro" NomiCampi=14
 bModifica=0 idAzioneCorrente=0 idTariffa=16 ImportoVoce=0.0000 ArrayAzioni=0
 idEseguitoDa=1 TariffaEuro=150.0000 TariffaLira=250000.0000
@@ -375,7 +375,7 @@ GrigliaParcella: columns=["IDAZIONE", "", "", "Data", "Azione", "", "Diritti", "
   ["1", "False", "1", "12/12/1996", "Sessione", "2", "L. 12.346", "0", "0", "L. 1.500", "Avv. Rossi", "", "1", "-1"]
 --
 idPratica=7 sParti="Rossi Mario / Bianchi SpA" sAdempEff="Atto di citazione" sData="15/03/2005" idUtenteCorrente=1
-Valore=0.0000 bIndeterminato=1 Rilevanza=0 Autorita="Tribunale" ValutaPratica="EURO"
+Valore=0.0000 bIndeterminato=1 Rilevanza=0 Autorita="Tribunale" ValutaPratica="EURO" CambioPratica=1936.2700
 ValutaDefault="EURO" CambioLiraEuro=1936.2700 sTabella="Diritti2004Euro" NomiCampi=14
 bModifica=1 idAzioneCorrente=1 idTariffa=132 ImportoVoce=0.0000 ArrayAzioni=1
 idEseguitoDa=1 TariffaEuro=150.0000 TariffaLira=250000.0000
@@ -438,7 +438,7 @@ GrigliaParcella: columns=["IDAZIONE", "", "", "Data", "Azione", "", "Diritti", "
   ["1", "False", "1", "10/03/2005", "Ricerca", "1", "0", "L. 45.000", "0", "0", "Praticante", "0:45''", "3", "0"]
 --
 idPratica=7 sParti="Rossi Mario / Bianchi SpA" sAdempEff="Atto di citazione" sData="15/03/2005" idUtenteCorrente=3
-Valore=0.0000 bIndeterminato=1 Rilevanza=0 Autorita="Tribunale" ValutaPratica="LIRA"
+Valore=0.0000 bIndeterminato=1 Rilevanza=0 Autorita="Tribunale" ValutaPratica="LIRA" CambioPratica=1936.2700
 ValutaDefault="EURO" CambioLiraEuro=1936.2700 sTabella="Diritti2004Euro" NomiCampi=14
 bModifica=0 idAzioneCorrente=0 idTariffa=0 ImportoVoce=0.0000 ArrayAzioni=1
 idEseguitoDa=3 TariffaEuro=30.0000 TariffaLira=60000.0000
@@ -480,7 +480,7 @@ FOre: text="2"
 GrigliaParcella: columns=["IDAZIONE", "", "", "Data", "Azione", "", "Diritti", "Importo  ", "Spese Imp.", "Spese Esen.", "Eseguito da", "HH:MM", "IdEseguito", "IsNotaSpese"]
 --
 idPratica=7 sParti="Rossi Mario / Bianchi SpA" sAdempEff="Atto di citazione" sData="15/03/2005" idUtenteCorrente=1
-Valore=0.0000 bIndeterminato=1 Rilevanza=0 Autorita="Tribunale" ValutaPratica="EURO"
+Valore=0.0000 bIndeterminato=1 Rilevanza=0 Autorita="Tribunale" ValutaPratica="EURO" CambioPratica=1936.2700
 ValutaDefault="EURO" CambioLiraEuro=1936.2700 sTabella="Diritti2004Euro" NomiCampi=14
 bModifica=0 idAzioneCorrente=0 idTariffa=0 ImportoVoce=0.0000 ArrayAzioni=0
 idEseguitoDa=1 TariffaEuro=150.0000 TariffaLira=250000.0000
@@ -505,7 +505,7 @@ fraTempo: hidden
 GrigliaParcella: columns=["IDAZIONE", "", "", "Data", "Azione", "", "Diritti", "Onorari  ", "Spese Imp.", "Spese Esen.", "Eseguito da", "HH:MM", "IdEseguito", "IsNotaSpese"]
 --
 idPratica=99 sParti="Rossi Mario / Bianchi SpA" sAdempEff="Atto di citazione" sData="15/03/2005" idUtenteCorrente=1
-Valore=0.0000 bIndeterminato=0 Rilevanza=0 Autorita="" ValutaPratica=""
+Valore=0.0000 bIndeterminato=0 Rilevanza=0 Autorita="" ValutaPratica="" CambioPratica=0.0000
 ValutaDefault="" CambioLiraEuro=0.0000 sTabella="Diritti2004Euro" NomiCampi=14
 bModifica=0 idAzioneCorrente=0 idTariffa=0 ImportoVoce=0.0000 ArrayAzioni=0
 idEseguitoDa=0 TariffaEuro=0.0000 TariffaLira=0.0000

@@ -80,7 +80,8 @@ inline std::string describeState(const dialog::FormState& s)
     out << "idPratica=" << s.idPratica << " sParti=" << quoted(s.sParti) << " sAdempEff=" << quoted(s.sAdempEff)
         << " sData=" << quoted(s.sData) << " idUtenteCorrente=" << s.idUtenteCorrente << "\n";
     out << "Valore=" << s.Valore.toFixed4() << " bIndeterminato=" << s.bIndeterminato << " Rilevanza=" << s.Rilevanza
-        << " Autorita=" << quoted(s.Autorita) << " ValutaPratica=" << quoted(s.ValutaPratica) << "\n";
+        << " Autorita=" << quoted(s.Autorita) << " ValutaPratica=" << quoted(s.ValutaPratica)
+        << " CambioPratica=" << s.CambioPratica.toFixed4() << "\n";
     out << "ValutaDefault=" << quoted(s.ValutaDefault) << " CambioLiraEuro=" << s.CambioLiraEuro.toFixed4()
         << " sTabella=" << quoted(s.sTabella) << " NomiCampi=" << s.NomiCampi.size() << "\n";
     out << "bModifica=" << s.bModifica << " idAzioneCorrente=" << s.idAzioneCorrente << " idTariffa=" << s.idTariffa
