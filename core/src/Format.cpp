@@ -65,6 +65,23 @@ std::string formatAmount(Currency amount, std::string_view pattern, const Locale
     return text;
 }
 
+std::string formatMoney(Currency amount, bool lire, const Locale& locale)
+{
+    const std::int64_t step = lire ? Currency::Scale : Currency::Scale / 100;
+    const std::int64_t raw = amount.raw();
+    const std::uint64_t magnitude = raw < 0 ? 0 - static_cast<std::uint64_t>(raw) : static_cast<std::uint64_t>(raw);
+    const std::uint64_t shown = (magnitude + static_cast<std::uint64_t>(step) / 2) / static_cast<std::uint64_t>(step);
+    const std::uint64_t perUnit = lire ? 1 : 100;
+    std::string text = raw < 0 && shown > 0 ? "-" : "";
+    const std::string units = groupedUnits(shown / perUnit, locale.groupSeparator);
+    text += units.empty() ? "0" : units;
+    if (!lire) {
+        const std::uint64_t cents = shown % perUnit;
+        text += locale.decimalSeparator + (cents < 10 ? "0" : "") + std::to_string(cents);
+    }
+    return text + (lire ? " lire" : " \u20AC");
+}
+
 std::string formatShortDate(Date date, const Locale& locale)
 {
     const std::string& pattern = locale.shortDatePattern;

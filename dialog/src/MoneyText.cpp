@@ -5,19 +5,48 @@
 
 namespace avlor::dialog {
 
+namespace {
+
+std::size_t digitsAt(std::string_view text, std::size_t from)
+{
+    std::size_t count = 0;
+    while (from + count < text.size() && std::isdigit(static_cast<unsigned char>(text[from + count])) != 0)
+        ++count;
+    return count;
+}
+
+// The separator that stands for the decimals in this text. A text without the
+// locale's decimal separator whose one group separator is not followed by
+// exactly three digits cannot be grouping thousands: it was typed the other
+// way round ("10.00" in Italian, "120,00" in English) and the separator marks
+// the decimals, so that the amount is never read a hundred times too large.
+std::string_view decimalsMarkOf(std::string_view text, const Locale& locale)
+{
+    const std::string_view group = locale.groupSeparator;
+    if (group.empty() || group == " " || text.find(locale.decimalSeparator) != std::string_view::npos)
+        return locale.decimalSeparator;
+    const std::size_t first = text.find(group);
+    if (first == std::string_view::npos || text.find(group, first + group.size()) != std::string_view::npos)
+        return locale.decimalSeparator;
+    return digitsAt(text, first + group.size()) == 3 ? std::string_view(locale.decimalSeparator) : group;
+}
+
+} // namespace
+
 Currency readAmount(std::string_view text, const Locale& locale)
 {
     // First the text as the locale writes it is brought to the plain form
     // "-1234.5": blanks and group separators out, the decimal separator in
     // as a point.
+    const std::string_view decimalMark = decimalsMarkOf(text, locale);
     std::string plain;
     for (std::size_t i = 0; i < text.size();) {
         const std::string_view rest = text.substr(i);
-        if (!locale.groupSeparator.empty() && rest.starts_with(locale.groupSeparator)) {
-            i += locale.groupSeparator.size();
-        } else if (!locale.decimalSeparator.empty() && rest.starts_with(locale.decimalSeparator)) {
+        if (!decimalMark.empty() && rest.starts_with(decimalMark)) {
             plain += '.';
-            i += locale.decimalSeparator.size();
+            i += decimalMark.size();
+        } else if (!locale.groupSeparator.empty() && rest.starts_with(locale.groupSeparator)) {
+            i += locale.groupSeparator.size();
         } else if (std::isspace(static_cast<unsigned char>(text[i])) != 0) {
             ++i;
         } else {

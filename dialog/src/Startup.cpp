@@ -45,8 +45,8 @@ void frmOKParcella::Form_Load()
 {
     const std::optional<Date> workDate = Date::parseDayFirst(s_.sData);
     if (!workDate) {
-        throw DialogError("The work date \"" + s_.sData +
-                          "\" handed to the dialog is not a day-first date (DD/MM/YYYY)");
+        throw DialogError("La data del lavoro \"" + s_.sData +
+                          "\" data al dialogo non è una data nella forma GG/MM/AAAA");
     }
     setCaption("lblClienteContro", s_.sParti);
     setCaption("lblAdempimento", s_.sAdempEff);

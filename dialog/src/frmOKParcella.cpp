@@ -36,7 +36,8 @@ const Control& frmOKParcella::control(const std::string& name) const
     const auto found =
         std::find_if(controls_.begin(), controls_.end(), [&](const Control& control) { return control.name == name; });
     if (found == controls_.end()) {
-        throw DialogError("The dialog \"" + std::string(CaptionDialogo) + "\" has no control named \"" + name + "\"");
+        throw DialogError("Il dialogo \"" + std::string(CaptionDialogo) + "\" non ha un controllo di nome \"" + name +
+                          "\"");
     }
     return *found;
 }
@@ -159,8 +160,7 @@ void frmOKParcella::setText(const std::string& name, const std::string& text)
         setControlText(name, text);
         return;
     default:
-        throw DialogError("The control \"" + name + "\" (" + std::string(kindName(target.kind)) +
-                          ") takes no typed text");
+        throw DialogError("Nel controllo \"" + name + "\" (" + std::string(kindName(target.kind)) + ") non si scrive");
     }
 }
 
@@ -216,15 +216,15 @@ void frmOKParcella::click(const std::string& name)
         }
         return;
     }
-    throw DialogError("The control \"" + name + "\" (" + std::string(kindName(target.kind)) + ") cannot be clicked");
+    throw DialogError("Il controllo \"" + name + "\" (" + std::string(kindName(target.kind)) + ") non si clicca");
 }
 
 void frmOKParcella::open(const std::string& name)
 {
     const Control& target = control(name);
     if (target.kind != ControlKind::List) {
-        throw DialogError("The control \"" + name + "\" (" + std::string(kindName(target.kind)) +
-                          ") is not a list that opens");
+        throw DialogError("Il controllo \"" + name + "\" (" + std::string(kindName(target.kind)) +
+                          ") non è un elenco che si apre");
     }
     if (name == "cmbCodice") {
         cmbCodice_DropDown();
@@ -239,11 +239,11 @@ void frmOKParcella::choose(const std::string& name, int row)
 {
     const Control& target = control(name);
     if (target.kind != ControlKind::List && target.kind != ControlKind::Grid) {
-        throw DialogError("The control \"" + name + "\" (" + std::string(kindName(target.kind)) +
-                          ") has no rows to choose from");
+        throw DialogError("Il controllo \"" + name + "\" (" + std::string(kindName(target.kind)) +
+                          ") non ha righe da scegliere");
     }
     if (row < 0 || static_cast<std::size_t>(row) >= target.rows.size()) {
-        throw DialogError("The control \"" + name + "\" has no row " + std::to_string(row) + " (it holds " +
+        throw DialogError("Il controllo \"" + name + "\" non ha la riga " + std::to_string(row) + " (ne ha " +
                           std::to_string(target.rows.size()) + ")");
     }
     if (target.kind == ControlKind::Grid) {
@@ -275,7 +275,7 @@ void frmOKParcella::chooseKey(const std::string& name, std::int32_t key)
     if (target.kind == ControlKind::List) {
         const auto found = std::find(target.keys.begin(), target.keys.end(), key);
         if (found == target.keys.end()) {
-            throw DialogError("The list \"" + name + "\" has no row with key " + std::to_string(key));
+            throw DialogError("L'elenco \"" + name + "\" non ha una riga con chiave " + std::to_string(key));
         }
         choose(name, static_cast<int>(found - target.keys.begin()));
         return;
@@ -285,13 +285,13 @@ void frmOKParcella::chooseKey(const std::string& name, std::int32_t key)
         const auto found = std::find_if(target.rows.begin(), target.rows.end(),
                                         [&](const auto& row) { return !row.empty() && row.front() == wanted; });
         if (found == target.rows.end()) {
-            throw DialogError("The grid \"" + name + "\" has no action " + wanted);
+            throw DialogError("La griglia \"" + name + "\" non ha l'azione " + wanted);
         }
         choose(name, static_cast<int>(found - target.rows.begin()));
         return;
     }
-    throw DialogError("The control \"" + name + "\" (" + std::string(kindName(target.kind)) +
-                      ") has no rows to choose from");
+    throw DialogError("Il controllo \"" + name + "\" (" + std::string(kindName(target.kind)) +
+                      ") non ha righe da scegliere");
 }
 
 } // namespace avlor::dialog

@@ -98,6 +98,8 @@ void priceAboveLastBracket(FeeRow& row, const std::string& word, const CivilRule
 
 } // namespace
 
+std::int32_t civilFixedItem(Edition edition) { return rulesOf(edition).fixed.id; }
+
 SectionOutcome civilSection(const FeeTable& table, const TariffRequest& request, TariffOutputs& out)
 {
     const CivilRules& rules = rulesOf(table.edition);

@@ -39,6 +39,8 @@ const RightsRules& rulesOf(Edition edition)
 
 } // namespace
 
+std::int32_t rightsFixedItem(Edition edition) { return rulesOf(edition).fixed.id; }
+
 SectionOutcome rightsSection(const FeeTable& table, const TariffRequest& request, TariffOutputs& out)
 {
     const RightsRules& rules = rulesOf(table.edition);

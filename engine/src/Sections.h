@@ -38,6 +38,10 @@ struct SectionOutcome {
 inline constexpr std::int16_t StoredFalse = 0;
 inline constexpr std::int16_t StoredTrue = -1;
 
+// The item of each family priced from constants, reading no row.
+[[nodiscard]] std::int32_t rightsFixedItem(Edition edition);
+[[nodiscard]] std::int32_t civilFixedItem(Edition edition);
+
 [[nodiscard]] SectionOutcome rightsSection(const FeeTable& table, const TariffRequest& request, TariffOutputs& out);
 [[nodiscard]] SectionOutcome civilSection(const FeeTable& table, const TariffRequest& request, TariffOutputs& out);
 [[nodiscard]] SectionOutcome criminalSection(const FeeTable& table, const TariffRequest& request, TariffOutputs& out);

@@ -110,6 +110,33 @@ TEST(FormatAmount, UnknownPatternsAreRefused)
         EXPECT_THROW((void)formatAmount(Currency(), pattern, Locale::neutral()), UsageError) << pattern;
 }
 
+TEST(FormatMoney, EuroToTheCentHalvesUp)
+{
+    const Locale it = Locale::italian();
+    EXPECT_EQ(formatMoney(Currency::fromText("958.5"), false, it), "958,50 \u20AC");
+    EXPECT_EQ(formatMoney(Currency::fromText("18976.165"), false, it), "18.976,17 \u20AC");
+    EXPECT_EQ(formatMoney(Currency::fromText("65.625"), false, it), "65,63 \u20AC");
+    EXPECT_EQ(formatMoney(Currency::fromText("65.6249"), false, it), "65,62 \u20AC");
+    EXPECT_EQ(formatMoney(Currency::fromText("0.005"), false, it), "0,01 \u20AC");
+    EXPECT_EQ(formatMoney(Currency::fromText("0.0049"), false, it), "0,00 \u20AC");
+    EXPECT_EQ(formatMoney(Currency{}, false, it), "0,00 \u20AC");
+    EXPECT_EQ(formatMoney(Currency::fromText("-1234.565"), false, it), "-1.234,57 \u20AC");
+    EXPECT_EQ(formatMoney(Currency::fromText("-0.004"), false, it), "0,00 \u20AC");
+    EXPECT_EQ(formatMoney(Currency::max(), false, it), "922.337.203.685.477,58 \u20AC");
+    EXPECT_EQ(formatMoney(Currency::min(), false, it), "-922.337.203.685.477,58 \u20AC");
+    EXPECT_EQ(formatMoney(Currency::fromText("1234.5"), false, Locale::unitedStates()), "1,234.50 \u20AC");
+}
+
+TEST(FormatMoney, LireToTheLiraHalvesUp)
+{
+    const Locale it = Locale::italian();
+    EXPECT_EQ(formatMoney(Currency::fromText("30000"), true, it), "30.000 lire");
+    EXPECT_EQ(formatMoney(Currency::fromText("12345.5"), true, it), "12.346 lire");
+    EXPECT_EQ(formatMoney(Currency::fromText("12344.4999"), true, it), "12.344 lire");
+    EXPECT_EQ(formatMoney(Currency{}, true, it), "0 lire");
+    EXPECT_EQ(formatMoney(Currency::fromText("1500000"), true, it), "1.500.000 lire");
+}
+
 TEST(FormatShortDate, LocalePatterns)
 {
     const Date june2 = Date::fromYmd(2004, 6, 2);

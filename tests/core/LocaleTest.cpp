@@ -1,3 +1,4 @@
+#include <clocale>
 #include <gtest/gtest.h>
 
 #include "EnvironmentGuard.h"
@@ -50,6 +51,39 @@ TEST_F(LocaleFromEnvironment, UnitedStates)
     expectLocale(Locale::fromEnvironment(), Locale::unitedStates());
     EnvironmentGuard::set("LANG", "en_US");
     expectLocale(Locale::user(), Locale::unitedStates());
+}
+
+// Amounts shown and typed: where the environment names no real conventions
+// the Italian ones apply, so that "120,00" is never read as 12,000.
+TEST_F(LocaleFromEnvironment, AmountsWithoutRealConventionsAreItalian)
+{
+    expectLocale(Locale::user(), Locale::italian());
+    for (const char* name : {"C", "POSIX", "C.UTF-8", "C.utf8", "POSIX.UTF-8", "it_IT.UTF-8", "it"}) {
+        EnvironmentGuard::set("LANG", name);
+        expectLocale(Locale::user(), Locale::italian());
+    }
+    EnvironmentGuard::set("LANG", "it_IT.UTF-8");
+    EnvironmentGuard::set("LC_NUMERIC", "C.UTF-8");
+    expectLocale(Locale::user(), Locale::italian());
+    EnvironmentGuard::set("LC_ALL", "en_US.UTF-8");
+    expectLocale(Locale::user(), Locale::unitedStates());
+}
+
+TEST_F(LocaleFromEnvironment, AmountsInALocaleTheSystemDoesNotKnowAreItalian)
+{
+    EnvironmentGuard::set("LANG", "xx_YY.UTF-8");
+    expectLocale(Locale::user(), Locale::italian());
+}
+
+TEST_F(LocaleFromEnvironment, AmountsInAnotherRealLocaleKeepItsSeparators)
+{
+    // Only where the machine has the German locale's data.
+    const locale_t german = newlocale(LC_NUMERIC_MASK, "de_DE.UTF-8", static_cast<locale_t>(nullptr));
+    if (german == static_cast<locale_t>(nullptr))
+        GTEST_SKIP() << "de_DE.UTF-8 is not installed on this machine";
+    freelocale(german);
+    EnvironmentGuard::set("LANG", "de_DE.UTF-8");
+    expectLocale(Locale::user(), Locale{".", ",", "dd/mm/yyyy"});
 }
 
 TEST_F(LocaleFromEnvironment, OtherLanguagesAreNeutral)

@@ -144,7 +144,7 @@ TEST_F(ActionDeletion, DeletingAnHourlyActionRenumbersTheHourlyOnesOnly)
     EXPECT_EQ(messages(), std::vector<Shown>{confirm("h3")});
     EXPECT_EQ(numbers(false), "h1:1 h6:2");
     EXPECT_EQ(numbers(true), "t2:2 t4:4");
-    // The hourly entry starts afresh: today's date, the number from the
+    // The hourly entry starts afresh: today's date, il numero from the
     // date handed to the dialog, the user at the keyboard.
     for (const char* field : {"txtDescrizione", "FImporto", "FEsenti", "FImponibili", "FOre", "FMinuti"}) {
         EXPECT_EQ(form->control(field).text, "") << field;

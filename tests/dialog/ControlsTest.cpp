@@ -73,9 +73,7 @@ TEST(Controls, UnknownNameIsRefusedClearly)
         static_cast<void>(dialog.control("cmdSalva"));
         FAIL() << "an unknown control was found";
     } catch (const DialogError& error) {
-        EXPECT_STREQ(error.what(),
-                     "The dialog \"Parcellazione Adempimento\" has "
-                     "no control named \"cmdSalva\"");
+        EXPECT_STREQ(error.what(), "Il dialogo \"Parcellazione Adempimento\" non ha un controllo di nome \"cmdSalva\"");
     }
 }
 

@@ -39,7 +39,7 @@ protected:
 
 TEST_F(InputSurface, UnknownControlsAreRefusedByName)
 {
-    const std::string unknown = "The dialog \"Parcellazione Adempimento\" has no control named \"cmdSalva\"";
+    const std::string unknown = "Il dialogo \"Parcellazione Adempimento\" non ha un controllo di nome \"cmdSalva\"";
     expectRefused([&] { form->setText("cmdSalva", "x"); }, unknown);
     expectRefused([&] { form->typeText("cmdSalva", "x"); }, unknown);
     expectRefused([&] { form->click("cmdSalva"); }, unknown);
@@ -50,27 +50,26 @@ TEST_F(InputSurface, UnknownControlsAreRefusedByName)
 
 TEST_F(InputSurface, EventsAControlDoesNotHaveAreRefused)
 {
-    expectRefused([&] { form->click("FData"); }, "The control \"FData\" (DateField) cannot be clicked");
-    expectRefused([&] { form->click("lblImporto"); }, "The control \"lblImporto\" (Label) cannot be clicked");
-    expectRefused([&] { form->setText("cmdAggiungi", "x"); },
-                  "The control \"cmdAggiungi\" (Button) takes no typed text");
-    expectRefused([&] { form->typeText("optDiritti", "x"); },
-                  "The control \"optDiritti\" (Option) takes no typed text");
-    expectRefused([&] { form->open("FImporto"); }, "The control \"FImporto\" (MoneyField) is not a list that opens");
+    expectRefused([&] { form->click("FData"); }, "Il controllo \"FData\" (DateField) non si clicca");
+    expectRefused([&] { form->click("lblImporto"); }, "Il controllo \"lblImporto\" (Label) non si clicca");
+    expectRefused([&] { form->setText("cmdAggiungi", "x"); }, "Nel controllo \"cmdAggiungi\" (Button) non si scrive");
+    expectRefused([&] { form->typeText("optDiritti", "x"); }, "Nel controllo \"optDiritti\" (Option) non si scrive");
+    expectRefused([&] { form->open("FImporto"); },
+                  "Il controllo \"FImporto\" (MoneyField) non è un elenco che si apre");
     expectRefused([&] { form->choose("txtDescrizione", 0); },
-                  "The control \"txtDescrizione\" (TextBox) has no rows to choose from");
+                  "Il controllo \"txtDescrizione\" (TextBox) non ha righe da scegliere");
 }
 
 TEST_F(InputSurface, RowsThatAreNotThereAreRefused)
 {
-    expectRefused([&] { form->choose("cmbCodice", 0); }, "The control \"cmbCodice\" has no row 0 (it holds 0)");
+    expectRefused([&] { form->choose("cmbCodice", 0); }, "Il controllo \"cmbCodice\" non ha la riga 0 (ne ha 0)");
     form->open("cmbCodice");
-    expectRefused([&] { form->choose("cmbCodice", 1); }, "The control \"cmbCodice\" has no row 1 (it holds 1)");
-    expectRefused([&] { form->choose("cmbCodice", -1); }, "The control \"cmbCodice\" has no row -1 (it holds 1)");
-    expectRefused([&] { form->chooseKey("cmbCodice", 5); }, "The list \"cmbCodice\" has no row with key 5");
-    expectRefused([&] { form->chooseKey("GrigliaParcella", 5); }, "The grid \"GrigliaParcella\" has no action 5");
+    expectRefused([&] { form->choose("cmbCodice", 1); }, "Il controllo \"cmbCodice\" non ha la riga 1 (ne ha 1)");
+    expectRefused([&] { form->choose("cmbCodice", -1); }, "Il controllo \"cmbCodice\" non ha la riga -1 (ne ha 1)");
+    expectRefused([&] { form->chooseKey("cmbCodice", 5); }, "L'elenco \"cmbCodice\" non ha una riga con chiave 5");
+    expectRefused([&] { form->chooseKey("GrigliaParcella", 5); }, "La griglia \"GrigliaParcella\" non ha l'azione 5");
     expectRefused([&] { form->choose("GrigliaParcella", 0); },
-                  "The control \"GrigliaParcella\" has no row 0 (it holds 0)");
+                  "Il controllo \"GrigliaParcella\" non ha la riga 0 (ne ha 0)");
 }
 
 TEST_F(InputSurface, SetTextRaisesNoEventAndTypeTextDoes)

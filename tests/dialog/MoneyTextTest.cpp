@@ -25,6 +25,24 @@ TEST(MoneyText, NeutralSeparators)
     EXPECT_EQ(readAmount("12345", neutral), amount("12345"));
 }
 
+// A separator that cannot group thousands marks the decimals, in either
+// locale: an amount is never read a hundred times too large.
+TEST(MoneyText, TheOtherNotationsDecimalsAreNotReadAsThousands)
+{
+    const Locale italian = Locale::italian();
+    EXPECT_EQ(readAmount("10.00", italian), amount("10"));
+    EXPECT_EQ(readAmount("120.5", italian), amount("120.5"));
+    EXPECT_EQ(readAmount("0.1234", italian), amount("0.1234"));
+    EXPECT_EQ(readAmount("1.234", italian), amount("1234"));
+    EXPECT_EQ(readAmount("1.234.56", italian), amount("123456"));
+    EXPECT_EQ(readAmount("1.234,5", italian), amount("1234.5"));
+    const Locale english = Locale::unitedStates();
+    EXPECT_EQ(readAmount("120,00", english), amount("120"));
+    EXPECT_EQ(readAmount("16,5", english), amount("16.5"));
+    EXPECT_EQ(readAmount("12,000", english), amount("12000"));
+    EXPECT_EQ(readAmount("12,000.25", english), amount("12000.25"));
+}
+
 TEST(MoneyText, TheLeadingNumberIsTakenAndTheRestIgnored)
 {
     const Locale italian = Locale::italian();

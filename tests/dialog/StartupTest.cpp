@@ -164,7 +164,7 @@ TEST_F(Startup, WorkDateThatIsNoDateIsRefused)
         FAIL() << "the load accepted 31/02/2005";
     } catch (const DialogError& error) {
         EXPECT_STREQ(error.what(),
-                     "The work date \"31/02/2005\" handed to the dialog is not a day-first date (DD/MM/YYYY)");
+                     "La data del lavoro \"31/02/2005\" data al dialogo non è una data nella forma GG/MM/AAAA");
     }
 }
 

@@ -21,6 +21,12 @@ inline constexpr std::string_view FormatoGrigliaLire = "###,###,###";
 // Raises UsageError for a pattern outside the family above.
 [[nodiscard]] std::string formatAmount(Currency amount, std::string_view pattern, const Locale& locale);
 
+// An amount as a person reads it on the terminal or in a document: rounded to
+// the cent (to the lira for lire) with halves away from zero, as invoices
+// round, grouped by thousands with the locale's separators, a 0 before the
+// decimal mark, and its unit: "958,50 €", "30.000 lire", "0,00 €".
+[[nodiscard]] std::string formatMoney(Currency amount, bool lire, const Locale& locale);
+
 // A date in the locale's short date form.
 [[nodiscard]] std::string formatShortDate(Date date, const Locale& locale);
 

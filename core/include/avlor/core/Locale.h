@@ -23,8 +23,15 @@ struct Locale {
     // Italian conventions, "en_US" the United States ones, any other the
     // neutral form.
     [[nodiscard]] static Locale fromEnvironment();
-    // The user's locale, read from the environment at each call.
-    [[nodiscard]] static Locale user() { return fromEnvironment(); }
+    // The conventions with which amounts are shown to the user and read back
+    // from what the user types, read from the environment at each call. The
+    // firms that use the product are Italian: where the environment names no
+    // real conventions (nothing set, C, POSIX, C.UTF-8) the Italian ones
+    // apply, so that "120,00" typed into a money field is 120 and not 12,000.
+    // An "it" language is Italian and "en_US" the United States form; any
+    // other locale keeps the separators the system gives it, with day-first
+    // dates, and is Italian when the system does not know it.
+    [[nodiscard]] static Locale user();
 };
 
 } // namespace avlor

@@ -67,7 +67,7 @@ public:
     // "-3.25"), booleans "True"/"False", dates in the locale's short date
     // form, empty and null as "".
     [[nodiscard]] std::string toText(const Locale& locale) const;
-    [[nodiscard]] std::string toText() const { return toText(Locale::user()); }
+    [[nodiscard]] std::string toText() const { return toText(Locale::fromEnvironment()); }
 
     // The lenient reading as a number: the text of the value read by
     // numberLenient. Null and empty give 0.
