@@ -63,9 +63,9 @@ double doubleOf(const std::string& word)
     double value = 0;
     const auto [end, ec] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     if (ec == std::errc::result_out_of_range || (ec == std::errc() && !std::isfinite(value)))
-        throw std::invalid_argument("the number " + shortened(word) + " is too large");
+        throw std::invalid_argument("il numero " + shortened(word) + " è troppo grande");
     if (ec != std::errc() || end != digits.data() + digits.size())
-        throw std::invalid_argument("the number " + shortened(word) + " cannot be read");
+        throw std::invalid_argument("il numero " + shortened(word) + " non si può leggere");
     return value;
 }
 
@@ -106,11 +106,11 @@ std::int32_t idFromWord(const std::string& name, const std::string& word)
         if (ec == std::errc() && end == word.data() + word.size() && n >= std::numeric_limits<std::int32_t>::min() &&
             n <= std::numeric_limits<std::int32_t>::max())
             return static_cast<std::int32_t>(n);
-        throw std::invalid_argument(name + ": " + shortened(word) + " is out of range (a whole number from " +
-                                    std::to_string(std::numeric_limits<std::int32_t>::min()) + " to " +
+        throw std::invalid_argument(name + ": " + shortened(word) + " è fuori intervallo (un numero intero da " +
+                                    std::to_string(std::numeric_limits<std::int32_t>::min()) + " a " +
                                     std::to_string(std::numeric_limits<std::int32_t>::max()) + ")");
     }
-    throw std::invalid_argument(name + ": " + shortened(word) + " is not a whole number");
+    throw std::invalid_argument(name + ": " + shortened(word) + " non è un numero intero");
 }
 
 std::vector<Value> argumentsFromWords(const std::vector<std::string>& words)
@@ -119,7 +119,7 @@ std::vector<Value> argumentsFromWords(const std::vector<std::string>& words)
     for (std::size_t i = 0; i < words.size(); ++i) {
         if (words[i] == "--text") {
             if (i + 1 >= words.size())
-                throw std::invalid_argument("--text needs the word to keep as text after it");
+                throw std::invalid_argument("--text vuole dopo di sé la parola da tenere come testo");
             out.push_back(Value::text(words[++i]));
         } else {
             out.push_back(argumentFromWord(words[i]));

@@ -14,22 +14,20 @@ void addCallCommand(CLI::App& app, Context& context)
 {
     auto* call = app.add_subcommand(
         "call",
-        "Create a public class by its programmatic name and call one of its operations by name.\n"
-        "Arguments: a whole number, a decimal number with a point, null, or any other word as text;\n"
-        "--text WORD keeps WORD as text. Example: avlor call AvlorLogic.clsUtenti GetSqlFiltroPratiche 5");
+        "Crea una classe pubblica dal suo nome programmatico e ne chiama un'operazione per nome.\n"
+        "Argomenti: un numero intero, un numero decimale col punto, null, o qualunque altra parola come testo;\n"
+        "--text PAROLA tiene PAROLA come testo. Esempio: avlor call AvlorLogic.clsUtenti GetSqlFiltroPratiche 5");
     // The words after the operation are handed over as they are, so parsing
     // stops at the programmatic name; --db and --json, taken before it here
     // as before "call", are the command's own options.
     call->prefix_command();
     call->fallthrough(false);
-    call->add_option("--db", context.database,
-                     "Practice database: a path, a file: URI or a postgresql:// URI "
-                     "(default: $AVLOR_DB, else ~/.local/share/avlor/avlor.db)");
-    call->add_flag("--json", context.json, "Print results as JSON (the result of a call always is)");
+    call->add_option("--db", context.database, databaseOptionHelp());
+    call->add_flag("--json", context.json, "Risultati in JSON (il risultato di una chiamata lo è sempre)");
     call->callback([&context, call] {
         const std::vector<std::string> words = call->remaining();
         if (words.size() < 2)
-            throw CommandError("call needs a programmatic name and an operation, for example: "
+            throw CommandError("call vuole il nome programmatico di una classe e un'operazione, per esempio: "
                                "avlor call AvlorLogic.clsDataBase VersioneMdb");
         std::vector<Value> arguments = argumentsFromWords(std::vector<std::string>(words.begin() + 2, words.end()));
 

@@ -8,6 +8,13 @@
 
 namespace avlor::cli {
 
+std::string databaseOptionHelp()
+{
+    return "Database delle pratiche: un percorso, un URI file: o un URI postgresql:// (predefinito: la "
+           "variabile AVLOR_DB, altrimenti " +
+        defaultDatabaseLocation() + ")";
+}
+
 std::string Context::location() const
 {
     if (!database.empty())

@@ -25,6 +25,9 @@ public:
     using CommandError::CommandError;
 };
 
+// The help of --db, with the default location as it is for this user now.
+[[nodiscard]] std::string databaseOptionHelp();
+
 struct Context {
     std::string database; // as given with --db; empty for the default
     bool json = false;

@@ -24,21 +24,24 @@ struct InitOptions {
 
 void addDbCommands(CLI::App& app, Context& context)
 {
-    auto* db = app.add_subcommand("db", "The practice database");
+    auto* db = app.add_subcommand("db", "Il database delle pratiche");
     db->require_subcommand(1);
 
     auto options = std::make_shared<InitOptions>();
     auto* init = db->add_subcommand(
         "init",
-        "Create a new practice database with the schema and the official fee tables that ship with AvlorLogic; "
-        "it never overwrites an existing database");
-    init->add_option("LOCATION", options->location,
-                     "Path, file: URI or postgresql:// URI (default: --db, $AVLOR_DB, else the per-user file)");
+        "Crea un nuovo database delle pratiche con lo schema e le tariffe ufficiali che AvlorLogic porta con sé; "
+        "non sovrascrive mai un database esistente");
+    init->add_option(
+        "LOCATION", options->location,
+        "Percorso, URI file: o URI postgresql:// (predefinito: --db, la variabile AVLOR_DB, altrimenti il file "
+        "dell'utente)");
     init->add_flag("--demo", options->demo,
-                   "Add a small sample firm: users with hourly rates, groups, case files, actions, a fee template");
+                   "Aggiunge un piccolo studio di prova: utenti con tariffe orarie, gruppi, pratiche, azioni, una "
+                   "parcella base");
     init->add_option("--ruolo-postazioni", options->role,
-                     "PostgreSQL only: grant this existing role what the workstations need (rows of the practice "
-                     "tables, new ids) and nothing more");
+                     "Solo PostgreSQL: concede a questo ruolo esistente ciò che serve alle postazioni (le righe delle "
+                     "tabelle delle pratiche, i nuovi id) e nient'altro");
     init->callback([&context, options] {
         const std::string where = options->location.empty() ? context.location() : options->location;
         const OfficialTariffFiles figures = officialTariffFiles();
@@ -71,9 +74,9 @@ void addDbCommands(CLI::App& app, Context& context)
                                 .dump()
                          << '\n';
         } else {
-            *context.out << "Created the practice database " << shownLocation(where) << " with " << items
-                         << " official fee items in " << loaded.tables.size() << " tables"
-                         << (options->demo ? " and the sample firm" : "") << ".\n";
+            *context.out << "Creato il database delle pratiche " << shownLocation(where) << " con " << items
+                         << " voci delle tariffe ufficiali in " << loaded.tables.size() << " tabelle"
+                         << (options->demo ? " e lo studio di prova" : "") << ".\n";
         }
     });
 }

@@ -30,7 +30,7 @@ bool sameFile(const fs::path& a, const fs::path& b)
 
 [[noreturn]] void failed(const std::string& path, int failure)
 {
-    throw CommandError("cannot write " + path + ": " + std::strerror(failure) + "; the file was left as it was");
+    throw CommandError("impossibile scrivere " + path + ": " + std::strerror(failure) + "; il file è rimasto com'era");
 }
 
 } // namespace
@@ -44,9 +44,9 @@ void refuseDatabaseAsOutput(const std::string& output, const std::string& locati
     guarded.insert(guarded.begin(), file);
     for (const auto& g : guarded) {
         if (sameFile(output, g))
-            throw CommandError("refusing to write " + output + ": it is " +
-                               (g == file ? "the practice database " + location
-                                          : "a companion file of the practice database (" + g + ")"));
+            throw CommandError("non scrivo " + output + ": è " +
+                               (g == file ? "il database delle pratiche " + location
+                                          : "un file di servizio del database delle pratiche (" + g + ")"));
     }
 }
 

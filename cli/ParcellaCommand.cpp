@@ -11,6 +11,7 @@
 #include <nlohmann/json.hpp>
 
 #include "DialogJson.h"
+#include "Existence.h"
 #include "ScriptAnswers.h"
 #include "avlor/core/Date.h"
 #include "avlor/core/Messages.h"
@@ -46,7 +47,7 @@ Date dayArgument(const std::string& option, const std::string& text)
 {
     const auto day = Date::parseDayFirst(text);
     if (!day)
-        throw CommandError(option + " takes a date as DD/MM/YYYY, not \"" + oneLine(text) + "\"");
+        throw CommandError(option + " vuole una data GG/MM/AAAA, non \"" + oneLine(text) + "\"");
     return *day;
 }
 
@@ -54,7 +55,7 @@ std::string textMember(const json& step, const char* member)
 {
     const auto& v = step.at(member);
     if (!v.is_string())
-        throw ScriptError(std::string("\"") + member + "\" takes the name of a control");
+        throw ScriptError(std::string("\"") + member + "\" vuole il nome di un controllo");
     return v.get<std::string>();
 }
 
@@ -65,10 +66,10 @@ std::deque<MsgResult> answersOf(const json& step)
         return answers;
     const auto& list = step["risposte"];
     if (!list.is_array())
-        throw ScriptError("\"risposte\" takes a list of answers (OK, Annulla, Si, No)");
+        throw ScriptError("\"risposte\" vuole un elenco di risposte (OK, Annulla, Si, No)");
     for (const auto& word : list) {
         if (!word.is_string())
-            throw ScriptError("\"risposte\" takes a list of answers (OK, Annulla, Si, No)");
+            throw ScriptError("\"risposte\" vuole un elenco di risposte (OK, Annulla, Si, No)");
         try {
             answers.push_back(answerFromWord(word.get<std::string>()));
         } catch (const CommandError& e) {
@@ -86,16 +87,16 @@ void runStep(dialog::frmOKParcella& dialog, const json& step)
     for (const char* v : verbs) {
         if (step.contains(v)) {
             if (verb)
-                throw ScriptError(std::string("a step does one thing: \"") + verb + "\" and \"" + v + "\" together");
+                throw ScriptError(std::string("un passo fa una cosa sola: \"") + verb + "\" e \"" + v + "\" insieme");
             verb = v;
         }
     }
     if (!verb)
-        throw ScriptError("a step needs one of \"click\", \"imposta\", \"apri\", \"scegli\", \"stato\"");
+        throw ScriptError("un passo vuole uno fra \"click\", \"imposta\", \"apri\", \"scegli\", \"stato\"");
     for (const auto& [member, value] : step.items()) {
         static_cast<void>(value);
         if (member != verb && member != "risposte" && member != "valore" && member != "chiave" && member != "riga")
-            throw ScriptError("unknown member \"" + oneLine(member) + "\"");
+            throw ScriptError("membro sconosciuto \"" + oneLine(member) + "\"");
     }
 
     const std::string what = verb;
@@ -108,25 +109,25 @@ void runStep(dialog::frmOKParcella& dialog, const json& step)
         dialog.open(name);
     } else if (what == "imposta") {
         if (!step.contains("valore"))
-            throw ScriptError("\"imposta\" needs \"valore\", the text to type");
+            throw ScriptError("\"imposta\" vuole \"valore\", il testo da scrivere");
         const auto& v = step["valore"];
         if (v.is_string())
             dialog.typeText(name, v.get<std::string>());
         else if (v.is_number_integer())
             dialog.typeText(name, std::to_string(v.get<std::int64_t>()));
         else
-            throw ScriptError("\"valore\" takes the text to type");
+            throw ScriptError("\"valore\" vuole il testo da scrivere");
     } else { // scegli
         const bool byKey = step.contains("chiave");
         const bool byRow = step.contains("riga");
         if (byKey == byRow)
-            throw ScriptError("\"scegli\" needs either \"chiave\" or \"riga\"");
+            throw ScriptError("\"scegli\" vuole \"chiave\" oppure \"riga\"");
         const auto& n = step[byKey ? "chiave" : "riga"];
         if (!n.is_number_integer())
-            throw ScriptError(std::string("\"") + (byKey ? "chiave" : "riga") + "\" takes a whole number");
+            throw ScriptError(std::string("\"") + (byKey ? "chiave" : "riga") + "\" vuole un numero intero");
         const std::int64_t number = n.get<std::int64_t>();
         if (number < INT32_MIN || number > INT32_MAX)
-            throw ScriptError(std::string("\"") + (byKey ? "chiave" : "riga") + "\" is out of range");
+            throw ScriptError(std::string("\"") + (byKey ? "chiave" : "riga") + "\" è fuori intervallo");
         if (byKey)
             dialog.chooseKey(name, static_cast<std::int32_t>(number));
         else
@@ -157,6 +158,9 @@ void openWindow(const Context& context, const Options& options)
     request.parti = options.parti;
     request.adempimento = options.adempimento;
     context.openPracticeDatabase();
+    // The window would close at once on a case file that is not there.
+    if (!recordExists(Pratica, options.pratica))
+        throw CommandError(missingRecord(Pratica, options.pratica));
     try {
         ui::showFeeEntryWindow(request);
     } catch (const dialog::DialogError& e) {
@@ -171,7 +175,7 @@ void runScript(const Context& context, const Options& options)
     if (options.script != "-") {
         file.open(options.script);
         if (!file)
-            throw CommandError("cannot read the script " + options.script);
+            throw CommandError("impossibile leggere lo script " + options.script);
         in = &file;
     }
 
@@ -186,7 +190,7 @@ void runScript(const Context& context, const Options& options)
         // guessed on the person's behalf. What the event had not committed is
         // left uncommitted.
         std::cout.flush();
-        std::cerr << "avlor: error: line " << lineNumber << ": a question without an answer: " << oneLine(question)
+        std::cerr << "avlor: error: riga " << lineNumber << ": una domanda senza risposta: " << oneLine(question)
                   << std::endl;
         std::_Exit(2);
     });
@@ -199,6 +203,10 @@ void runScript(const Context& context, const Options& options)
     dialog::frmOKParcella dialog(clock);
     dialog.Setta(options.pratica, options.parti, options.adempimento, data);
     dialog.Form_Load();
+    // The dialog closes when it cannot read its case file, as on screen; the
+    // script's steps are still answered, and the command then says why and
+    // fails.
+    const bool closedAtStart = dialog.closed();
 
     std::string line;
     while (std::getline(*in, line)) {
@@ -210,20 +218,25 @@ void runScript(const Context& context, const Options& options)
             try {
                 step = json::parse(line);
             } catch (const json::parse_error&) {
-                throw ScriptError("not a JSON object");
+                throw ScriptError("non è un oggetto JSON");
             }
             if (!step.is_object())
-                throw ScriptError("not a JSON object");
+                throw ScriptError("non è un oggetto JSON");
             answers->setAnswers(answersOf(step));
             if (!dialog.closed())
                 runStep(dialog, step);
         } catch (const CommandError& e) {
-            throw ScriptError("line " + std::to_string(lineNumber) + ": " + e.what());
+            throw ScriptError("riga " + std::to_string(lineNumber) + ": " + e.what());
         } catch (const dialog::DialogError& e) {
-            throw ScriptError("line " + std::to_string(lineNumber) + ": " + e.what());
+            throw ScriptError("riga " + std::to_string(lineNumber) + ": " + e.what());
         }
         *context.out << dialogAnswer(dialog, answers->takeShown()).dump(-1, ' ', false, json::error_handler_t::replace)
                      << std::endl;
+    }
+    if (closedAtStart) {
+        throw CommandError(recordExists(Pratica, options.pratica) ? "la pratica " + std::to_string(options.pratica) +
+                                   " non si è potuta leggere: il dialogo si è chiuso senza registrare nulla"
+                                                                  : missingRecord(Pratica, options.pratica));
     }
 }
 
@@ -234,17 +247,16 @@ void addParcellaCommand(CLI::App& app, Context& context)
     auto options = std::make_shared<Options>();
     auto* parcella = app.add_subcommand(
         "parcella",
-        "Open the fee-entry dialog \"Parcellazione Adempimento\" on a case file: its window on the "
-        "desktop, or, with --script FILE (- for standard input), driven by a script of JSON lines, each "
-        "answered with the dialog's state as one JSON line");
-    parcella->add_option("--pratica", options->pratica, "The case file (Pratica.ID_Pra)")->required();
-    parcella->add_option("--parti", options->parti, "The client/opposing-party line shown by the dialog");
-    parcella->add_option("--adempimento", options->adempimento, "The work done, shown by the dialog");
-    parcella->add_option("--data", options->data, "The date of the work, DD/MM/YYYY (default: today)");
+        "Apre il dialogo \"Parcellazione Adempimento\" su una pratica: la sua finestra sul desktop o, con "
+        "--script FILE (- per l'ingresso standard), guidato da uno script di righe JSON, a ciascuna delle quali "
+        "risponde con lo stato del dialogo in una riga JSON");
+    parcella->add_option("--pratica", options->pratica, "La pratica (Pratica.ID_Pra)")->required();
+    parcella->add_option("--parti", options->parti, "La riga cliente/controparte mostrata dal dialogo");
+    parcella->add_option("--adempimento", options->adempimento, "L'adempimento effettuato, mostrato dal dialogo");
+    parcella->add_option("--data", options->data, "La data del lavoro, GG/MM/AAAA (predefinita: oggi)");
     parcella->add_option("--oggi", options->oggi,
-                         "The day the dialog takes as today, DD/MM/YYYY (default: the "
-                         "machine's)");
-    parcella->add_option("--script", options->script, "The script: a file of JSON lines, or - for standard input");
+                         "Il giorno che il dialogo prende come oggi, GG/MM/AAAA (predefinito: quello del computer)");
+    parcella->add_option("--script", options->script, "Lo script: un file di righe JSON, o - per l'ingresso standard");
     parcella->callback([&context, options] {
         if (options->script.empty())
             openWindow(context, *options);

@@ -1,11 +1,13 @@
 #include "QueryCommands.h"
 
+#include <iostream>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "CallArguments.h"
+#include "Existence.h"
 
 namespace avlor::cli {
 
@@ -21,6 +23,9 @@ struct Question {
     const char* method; // "GetLivelloRiservatezza"
     std::vector<std::pair<const char*, Word>> arguments;
     bool needsDatabase = true;
+    // What the first argument, an id, names: the command warns when it names
+    // nothing.
+    const RecordKind* names = nullptr;
 };
 
 const std::vector<Question>& questions()
@@ -28,81 +33,119 @@ const std::vector<Question>& questions()
     static const std::vector<Question> all = {
         {"utenti",
          "livello",
-         "Confidentiality level of a user (1 user, 2 group, 3 all, 4 groups but AMMINISTRAZIONE)",
+         "Livello di riservatezza di un utente (1 utente, 2 gruppo, 3 tutti, 4 gruppi tranne AMMINISTRAZIONE)",
          "AvlorLogic.clsUtenti",
          "GetLivelloRiservatezza",
-         {{"ID", Word::Id}}},
-        {"utenti", "gruppi", "Groups of a user", "AvlorLogic.clsUtenti", "GetGruppiUtente", {{"ID", Word::Id}}},
+         {{"ID", Word::Id}},
+         true,
+         &Utente},
+        {"utenti",
+         "gruppi",
+         "Gruppi di un utente",
+         "AvlorLogic.clsUtenti",
+         "GetGruppiUtente",
+         {{"ID", Word::Id}},
+         true,
+         &Utente},
         {"utenti",
          "membri",
-         "Users of a group",
+         "Utenti di un gruppo",
          "AvlorLogic.clsUtenti",
          "GetUtentiDelGruppo",
          {{"GRUPPO", Word::Text}}},
         {"utenti",
          "contabilita",
-         "Whether a user is an accounting user",
+         "Se un utente è abilitato alla contabilità",
          "AvlorLogic.clsUtenti",
          "IsUtenteContabilita",
-         {{"ID", Word::Id}}},
+         {{"ID", Word::Id}},
+         true,
+         &Utente},
         {"utenti",
          "in-gruppo",
-         "Whether a user belongs to a group",
+         "Se un utente appartiene a un gruppo",
          "AvlorLogic.clsUtenti",
          "UtenteInGruppo",
-         {{"ID", Word::Id}, {"GRUPPO", Word::Text}}},
+         {{"ID", Word::Id}, {"GRUPPO", Word::Text}},
+         true,
+         &Utente},
         {"utenti",
          "corrente",
-         "The current user of this workstation (setting Id_Utente)",
+         "L'utente corrente di questa postazione (impostazione Id_Utente)",
          "AvlorLogic.clsUtenti",
          "GetIdOfCurrentUser",
          {},
          false},
         {"utenti",
          "riservatezza",
-         "List of the user ids whose records a user may see (GetSqlRiservatezza)",
+         "Elenco degli id degli utenti i cui dati un utente può vedere (GetSqlRiservatezza)",
          "AvlorLogic.clsUtenti",
          "GetSqlRiservatezza",
-         {{"ID", Word::Id}}},
+         {{"ID", Word::Id}},
+         true,
+         &Utente},
         {"utenti",
          "filtro-pratiche",
-         "SQL condition on case files for a user (GetSqlFiltroPratiche)",
+         "Condizione SQL sulle pratiche per un utente (GetSqlFiltroPratiche)",
          "AvlorLogic.clsUtenti",
          "GetSqlFiltroPratiche",
-         {{"ID", Word::Id}}},
+         {{"ID", Word::Id}},
+         true,
+         &Utente},
         {"utenti",
          "filtro-anagrafiche",
-         "SQL condition on persons for a user (GetSqlFiltroAnagrafiche)",
+         "Condizione SQL sulle anagrafiche per un utente (GetSqlFiltroAnagrafiche)",
          "AvlorLogic.clsUtenti",
          "GetSqlFiltroAnagrafiche",
-         {{"ID", Word::Id}}},
+         {{"ID", Word::Id}},
+         true,
+         &Utente},
         {"pratica",
          "clienti",
-         "Number of clients of a case file, plus one",
+         "Numero dei clienti di una pratica, più uno",
          "AvlorLogic.clsPratica",
          "QuantiClientiPerPratica",
-         {{"ID", Word::Id}}},
+         {{"ID", Word::Id}},
+         true,
+         &Pratica},
         {"pratica",
          "controparti",
-         "Number of counter-parties of a case file, plus one",
+         "Numero delle controparti di una pratica, più uno",
          "AvlorLogic.clsPratica",
          "QuanteControPartiPerPratica",
-         {{"ID", Word::Id}}},
+         {{"ID", Word::Id}},
+         true,
+         &Pratica},
         {"anagrafica",
          "giuridico",
-         "Whether a person is a legal entity",
+         "Se un'anagrafica è un soggetto giuridico",
          "AvlorLogic.clsAnagrafica",
          "IsSoggettoGiuridico",
-         {{"ID", Word::Id}}},
+         {{"ID", Word::Id}},
+         true,
+         &Anagrafica},
         {"fattura",
          "residuo",
-         "What remains to be paid on an invoice",
+         "Quanto resta da pagare di una fattura",
          "AvlorLogic.clsFatture",
          "GetResiduoFattura",
-         {{"ID", Word::Id}}},
-        {"db", "versione", "Version of the practice database", "AvlorLogic.clsDataBase", "VersioneMdb", {}},
+         {{"ID", Word::Id}},
+         true,
+         &Fattura},
+        {"db", "versione", "Versione del database delle pratiche", "AvlorLogic.clsDataBase", "VersioneMdb", {}},
     };
     return all;
+}
+
+// What an argument of a question is, for its help.
+std::string argumentHelp(const Question& q, std::size_t i)
+{
+    if (q.arguments[i].second == Word::Text)
+        return "Nome del gruppo (RelGruppiUtenti.Fk_Gruppo), per esempio Civile";
+    if (q.names == nullptr)
+        return "Un id, numero intero";
+    return "Id del record (" + std::string(q.names->table) + "." + q.names->key +
+        "), numero intero da -2147483648 a 2147483647";
 }
 
 CLI::App* groupCommand(CLI::App& app, const std::string& name)
@@ -116,11 +159,11 @@ CLI::App* groupCommand(CLI::App& app, const std::string& name)
         }())
         return existing;
     static const std::map<std::string, std::string> helps = {
-        {"utenti", "Users, groups and confidentiality filters"},
-        {"pratica", "Questions about a case file"},
-        {"anagrafica", "Questions about a person"},
-        {"fattura", "Questions about an invoice"},
-        {"db", "The practice database"},
+        {"utenti", "Utenti, gruppi e filtri di riservatezza"},
+        {"pratica", "Domande su una pratica"},
+        {"anagrafica", "Domande su un'anagrafica"},
+        {"fattura", "Domande su una fattura"},
+        {"db", "Il database delle pratiche"},
     };
     auto* group = app.add_subcommand(name, helps.at(name));
     group->require_subcommand(1);
@@ -135,7 +178,7 @@ void addQueryCommands(CLI::App& app, Context& context)
         auto* command = groupCommand(app, q.group)->add_subcommand(q.name, q.help);
         auto words = std::make_shared<std::vector<std::string>>(q.arguments.size());
         for (std::size_t i = 0; i < q.arguments.size(); ++i)
-            command->add_option(q.arguments[i].first, (*words)[i])->required();
+            command->add_option(q.arguments[i].first, (*words)[i], argumentHelp(q, i))->required();
         command->callback([&context, &q, words] {
             if (q.needsDatabase)
                 context.openPracticeDatabase();
@@ -151,6 +194,8 @@ void addQueryCommands(CLI::App& app, Context& context)
                                         : Value::longValue(idFromWord(q.arguments[i].first, (*words)[i])));
             auto object = CreateObject(q.progId);
             context.printResult(object->invoke(q.method, arguments));
+            if (q.names != nullptr)
+                warnIfMissing(std::cerr, *q.names, arguments.front().toLong());
         });
     }
 }

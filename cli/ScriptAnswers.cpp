@@ -66,7 +66,7 @@ MsgResult answerFromWord(const std::string& word)
         return MsgResult::Yes;
     if (word == "No")
         return MsgResult::No;
-    throw CommandError("unknown answer \"" + oneLine(word) + "\" (answers are OK, Annulla, Si, No)");
+    throw CommandError("risposta sconosciuta \"" + oneLine(word) + "\" (le risposte sono OK, Annulla, Si, No)");
 }
 
 const char* wordOf(MsgResult answer) noexcept

@@ -1,13 +1,14 @@
 #include "TariffaCommand.h"
 
 #include <algorithm>
-#include <cctype>
 #include <ostream>
 
 #include "Utf8Text.h"
 #include "avlor/core/Error.h"
 #include "avlor/core/FeeTables.h"
+#include "avlor/core/Format.h"
 #include "avlor/core/Messages.h"
+#include "avlor/core/TypedAmount.h"
 #include "avlor/engine/CalcolaTariffaModulo.h"
 
 namespace avlor::cli {
@@ -30,39 +31,32 @@ void addTariffaCommand(CLI::App& app, Context& context)
     auto options = std::make_shared<TariffaOptions>();
     auto* command = app.add_subcommand(
         "tariffa",
-        "Price one fee item as ClsParcella.CalcolaTariffa does: the proposed amount (importo), the band "
-        "(MinTar, MaxTar) and the extraordinary band (MinS, MaxS)");
+        "Calcola una voce di tariffa come ClsParcella.CalcolaTariffa: l'importo proposto (importo), la "
+        "fascia (MinTar, MaxTar) e la fascia straordinaria (MinS, MaxS)");
     command
-        ->add_option("--tabella", options->tabella, "Fee table, e.g. Diritti2004Euro, Onorari94, OnorariPenali2004Euro")
+        ->add_option("--tabella", options->tabella,
+                     "Tabella, per esempio Diritti2004Euro, Onorari94, OnorariPenali2004Euro")
         ->required();
-    command->add_option("--id", options->id, "Id of the item in the table (see: avlor tariffe elenca)")->required();
+    command->add_option("--id", options->id, "Id della voce nella tabella (si veda: avlor tariffe elenca)")->required();
     command
-        ->add_option("--valore", options->valore, "Value of the case in the table's unit, point as decimal separator")
+        ->add_option(
+            "--valore", options->valore,
+            "Valore della pratica nell'unità della tabella (lire o euro): 30000, 30000,50, 30.000,50 o 30000.50")
         ->required();
-    command->add_option("--rilevanza", options->rilevanza, "Importance, 0 (minimum) to 100 (maximum)")->required();
-    command->add_flag("--indeterminato", options->indeterminato, "The value of the case is indeterminate");
-    command->add_option("--autorita", options->autorita, "Authority, for criminal fees (e.g. \"Tribunale\")");
+    command->add_option("--rilevanza", options->rilevanza, "Rilevanza, da 0 (minimo) a 100 (massimo)")->required();
+    command->add_flag("--indeterminato", options->indeterminato, "Il valore della pratica è indeterminato");
+    command->add_option("--autorita", options->autorita,
+                        "Autorità, per gli onorari penali (per esempio \"Tribunale\")");
 
     command->callback([&context, options] {
-        // Amounts are exact to the ten-thousandth; a finer figure would be
-        // rounded without a word.
-        if (const auto point = options->valore.find('.'); point != std::string::npos) {
-            std::size_t decimals = 0;
-            for (std::size_t i = point + 1;
-                 i < options->valore.size() && std::isdigit(static_cast<unsigned char>(options->valore[i])) != 0; ++i)
-                ++decimals;
-            if (decimals > 4)
-                throw CommandError("--valore: '" + options->valore + "' has more than four decimals");
-        }
         if (options->rilevanza < 0 || options->rilevanza > 100)
             throw CommandError("--rilevanza: " + std::to_string(options->rilevanza) +
-                               " is outside 0 (minimum) to 100 (maximum)");
+                               " è fuori dall'intervallo da 0 (minimo) a 100 (massimo)");
         Currency valore;
         try {
-            valore = Currency::fromText(options->valore);
-        } catch (const Error&) {
-            throw CommandError("--valore: '" + options->valore +
-                               "' is not a number (use a point as decimal separator)");
+            valore = readTypedAmount(options->valore);
+        } catch (const ValueError& e) {
+            throw CommandError("--valore: " + std::string(e.what()));
         }
         std::string tabella(requireFeeTable(options->tabella).name);
         context.openPracticeDatabase();
@@ -82,7 +76,7 @@ void addTariffaCommand(CLI::App& app, Context& context)
             importo = CalcolaTariffaModulo(valore, rilevanza, tabella, bInd, id, minTar, maxTar, minS, maxS, autorita);
         } catch (const ValueError& e) {
             if (e.kind() == ValueError::Kind::Overflow)
-                throw CommandError("the figures overflow the range of amounts (" + std::string(e.what()) + ")");
+                throw CommandError("le cifre superano l'intervallo degli importi (" + std::string(e.what()) + ")");
             importo = Currency{};
         } catch (const std::exception&) {
             importo = Currency{};
@@ -99,11 +93,14 @@ void addTariffaCommand(CLI::App& app, Context& context)
                          << '\n';
             return;
         }
-        *context.out << "importo " << importo.toFixed4() << '\n'
-                     << "MinTar  " << minTar.toFixed4() << '\n'
-                     << "MaxTar  " << maxTar.toFixed4() << '\n'
-                     << "MinS    " << minS.toFixed4() << '\n'
-                     << "MaxS    " << maxS.toFixed4() << '\n';
+        // As a person reads amounts; --json keeps the exact figures.
+        const bool lire = !tabella.ends_with("Euro");
+        const Locale locale = Locale::user();
+        *context.out << "importo " << formatMoney(importo, lire, locale) << '\n'
+                     << "MinTar  " << formatMoney(minTar, lire, locale) << '\n'
+                     << "MaxTar  " << formatMoney(maxTar, lire, locale) << '\n'
+                     << "MinS    " << formatMoney(minS, lire, locale) << '\n'
+                     << "MaxS    " << formatMoney(maxS, lire, locale) << '\n';
         for (const auto& m : shown) {
             std::string text = m.text;
             std::replace(text.begin(), text.end(), '\r', '\n');

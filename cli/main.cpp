@@ -1,9 +1,12 @@
 // avlor: the AvlorLogic component from the shell, for a firm's administrator,
 // a host developer and the project's own tests.
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
 #include <new>
+#include <string>
+#include <vector>
 
 #include <CLI/CLI.hpp>
 
@@ -16,6 +19,97 @@
 #include "TariffaCommand.h"
 #include "TariffeCommands.h"
 
+namespace {
+
+// The number of single-letter edits between two words.
+std::size_t editDistance(const std::string& a, const std::string& b)
+{
+    std::vector<std::size_t> row(b.size() + 1);
+    for (std::size_t j = 0; j <= b.size(); ++j)
+        row[j] = j;
+    for (std::size_t i = 1; i <= a.size(); ++i) {
+        std::size_t diagonal = row[0];
+        row[0] = i;
+        for (std::size_t j = 1; j <= b.size(); ++j) {
+            const std::size_t above = row[j];
+            row[j] = std::min({row[j] + 1, row[j - 1] + 1, diagonal + (a[i - 1] == b[j - 1] ? 0 : 1)});
+            diagonal = above;
+        }
+    }
+    return row[b.size()];
+}
+
+// --db and --json belong to every command: each subcommand takes them too,
+// so that its help shows them and they may follow the command's name.
+void shareOptions(CLI::App& command, avlor::cli::Context& context, const std::string& databaseHelp)
+{
+    for (CLI::App* sub : command.get_subcommands([](CLI::App*) { return true; })) {
+        if (sub->get_name() == "call")
+            continue; // its words after the class name are the call's own
+        if (sub->get_option_no_throw("--db") == nullptr)
+            sub->add_option("--db", context.database, databaseHelp);
+        if (sub->get_option_no_throw("--json") == nullptr)
+            sub->add_flag("--json", context.json, "Risultati in JSON");
+        shareOptions(*sub, context, databaseHelp);
+    }
+}
+
+// When a command was left out or mistyped: what the command given (or avlor
+// itself) offers, and the nearest name to a word it does not know.
+std::string missingCommand(const CLI::App& app, const std::vector<std::string>& words)
+{
+    const CLI::App* deepest = &app;
+    std::string path = "avlor";
+    for (bool deeper = true; deeper;) {
+        deeper = false;
+        for (const CLI::App* sub : deepest->get_subcommands()) {
+            deepest = sub;
+            path += " " + sub->get_name();
+            deeper = true;
+            break;
+        }
+    }
+    std::vector<std::string> names;
+    for (const CLI::App* sub : deepest->get_subcommands([](const CLI::App*) { return true; }))
+        names.push_back(sub->get_name());
+    if (names.empty())
+        return {};
+    std::string list;
+    for (const auto& name : names)
+        list += (list.empty() ? "" : ", ") + name;
+    // The first word that is no option and no name of a command.
+    std::string unknown;
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        const std::string& word = words[i];
+        if (word == "--db") {
+            ++i;
+            continue;
+        }
+        if (word.starts_with("-"))
+            continue;
+        const bool known = std::find(names.begin(), names.end(), word) != names.end();
+        if (!known && (path + " ").find(" " + word + " ") == std::string::npos) {
+            unknown = word;
+            break;
+        }
+    }
+    if (unknown.empty())
+        return path + " vuole un comando: " + list + " (" + path + " --help per l'aiuto)";
+    std::string nearest;
+    std::size_t best = 3; // more edits than this suggest nothing
+    for (const auto& name : names) {
+        const std::size_t distance = editDistance(unknown, name);
+        if (distance < best || (name.starts_with(unknown) && nearest.empty())) {
+            best = std::min(best, distance);
+            nearest = name;
+        }
+    }
+    return "comando sconosciuto «" + unknown + "»" + (nearest.empty() ? "." : ": forse «" + nearest + "»?") +
+        " I comandi di " + path + " sono: " + list + " (" + path + " --help per l'aiuto)";
+}
+
+} // namespace
+
 int main(int argc, char** argv)
 {
     // Past a file-size limit a write fails with an error the command reports
@@ -24,14 +118,13 @@ int main(int argc, char** argv)
     avlor::cli::Context context;
     context.out = &std::cout;
 
-    CLI::App app{"avlor: price legal work from the Italian lawyers' fee tables, ask the practice database's "
-                 "questions, and call the AvlorLogic component's public classes."};
+    CLI::App app{"avlor: calcola le prestazioni legali con le tariffe forensi, risponde alle domande sul database "
+                 "delle pratiche e chiama le classi pubbliche del componente AvlorLogic."};
     app.require_subcommand(1);
     app.fallthrough();
-    app.add_option("--db", context.database,
-                   "Practice database: a path, a file: URI or a postgresql:// URI "
-                   "(default: $AVLOR_DB, else ~/.local/share/avlor/avlor.db)");
-    app.add_flag("--json", context.json, "Print results as JSON");
+    const std::string databaseHelp = avlor::cli::databaseOptionHelp();
+    app.add_option("--db", context.database, databaseHelp);
+    app.add_flag("--json", context.json, "Risultati in JSON");
 
     avlor::cli::addDbCommands(app, context);
     avlor::cli::addTariffaCommand(app, context);
@@ -40,11 +133,23 @@ int main(int argc, char** argv)
     avlor::cli::addCallCommand(app, context);
     avlor::cli::addParcellaCommand(app, context);
     avlor::cli::addParametriCommand(app, context);
+    shareOptions(app, context, databaseHelp);
 
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& e) {
         return app.exit(e); // --help
+    } catch (const CLI::ParseError& e) {
+        // A command left out or mistyped: say what there is.
+        const std::string missing = missingCommand(app, std::vector<std::string>(argv + 1, argv + argc));
+        if (!missing.empty() &&
+            (dynamic_cast<const CLI::RequiredError*>(&e) != nullptr ||
+             dynamic_cast<const CLI::ExtrasError*>(&e) != nullptr)) {
+            std::cerr << "avlor: error: " << missing << '\n';
+            return EXIT_FAILURE;
+        }
+        std::cerr << "avlor: error: " << e.what() << '\n';
+        return EXIT_FAILURE;
     } catch (const std::bad_alloc&) {
         std::cerr << "avlor: error: not enough memory for this command\n";
         return EXIT_FAILURE;

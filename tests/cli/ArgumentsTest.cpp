@@ -62,18 +62,18 @@ TEST_F(ArgumentsTest, EveryIdVerbTakesOnlyAWholeNumber)
         std::string complaint;
     };
     const std::vector<Word> words = {
-        {"1 AND lo_from_bytea(0,'x'::bytea) > 0", "'1 AND lo_from_bytea(0,'x'::bytea) > 0' is not a whole number"},
-        {"1.0e999", "'1.0e999' is not a whole number"},
-        {"1.5", "'1.5' is not a whole number"},
-        {"", "'' is not a whole number"},
-        {"3)", "'3)' is not a whole number"},
-        {"2147483648", "'2147483648' is out of range (a whole number from -2147483648 to 2147483647)"},
+        {"1 AND lo_from_bytea(0,'x'::bytea) > 0", "'1 AND lo_from_bytea(0,'x'::bytea) > 0' non è un numero intero"},
+        {"1.0e999", "'1.0e999' non è un numero intero"},
+        {"1.5", "'1.5' non è un numero intero"},
+        {"", "'' non è un numero intero"},
+        {"3)", "'3)' non è un numero intero"},
+        {"2147483648", "'2147483648' è fuori intervallo (un numero intero da -2147483648 a 2147483647)"},
         {digits400,
          "'" + digits400.substr(0, 40) +
-             "...' (400 characters) is out of range (a whole number from -2147483648 to 2147483647)"},
+             "...' (400 characters) è fuori intervallo (un numero intero da -2147483648 a 2147483647)"},
         {digits30000,
          "'" + digits30000.substr(0, 40) +
-             "...' (30000 characters) is out of range (a whole number from -2147483648 to 2147483647)"},
+             "...' (30000 characters) è fuori intervallo (un numero intero da -2147483648 a 2147483647)"},
     };
     for (const auto& verb : verbs) {
         for (const auto& w : words) {
@@ -92,12 +92,12 @@ TEST_F(ArgumentsTest, CallReadsAnyWordWithoutCrashing)
 {
     const std::string digits30000(30000, '9');
     CommandOutcome r = onDemo({"call", "AvlorLogic.clsUtenti", "GetLivelloRiservatezza", digits30000});
-    expectOneLineError(r, "the number '" + digits30000.substr(0, 40) + "...' (30000 characters) is too large",
+    expectOneLineError(r, "il numero '" + digits30000.substr(0, 40) + "...' (30000 characters) è troppo grande",
                        "30000 digits");
     r = onDemo({"call", "AvlorLogic.clsUtenti", "GetLivelloRiservatezza", "1.0e999"});
-    expectOneLineError(r, "the number '1.0e999' is too large", "1.0e999");
+    expectOneLineError(r, "il numero '1.0e999' è troppo grande", "1.0e999");
     r = onDemo({"call", "AvlorLogic.clsUtenti", "GetLivelloRiservatezza", std::string(400, '4')});
-    expectOneLineError(r, "the number '" + std::string(40, '4') + "...' (400 characters) is too large", "400 digits");
+    expectOneLineError(r, "il numero '" + std::string(40, '4') + "...' (400 characters) è troppo grande", "400 digits");
     // A long word that is not a number is a text, read in one pass.
     r = onDemo({"call", "AvlorLogic.clsUtenti", "GetUtentiDelGruppo", std::string(30000, 'x') + "1"});
     EXPECT_EQ(r.status, 0) << r.err.substr(0, 200);
@@ -150,7 +150,8 @@ TEST_F(ArgumentsTest, TariffaRefusesRelevanceOutsideZeroToHundred)
     for (const std::string rilevanza : {"-1000", "-1", "101", "32767"}) {
         const CommandOutcome r = onDemo(
             {"tariffa", "--tabella", "Diritti94", "--id", "132", "--valore", "1000000", "--rilevanza", rilevanza});
-        expectOneLineError(r, "--rilevanza: " + rilevanza + " is outside 0 (minimum) to 100 (maximum)", rilevanza);
+        expectOneLineError(r, "--rilevanza: " + rilevanza + " è fuori dall'intervallo da 0 (minimo) a 100 (massimo)",
+                           rilevanza);
     }
     for (const std::string rilevanza : {"0", "100"}) {
         const CommandOutcome r = onDemo(
@@ -164,12 +165,14 @@ TEST_F(ArgumentsTest, TariffaRefusesMoreThanFourDecimals)
     for (const std::string valore : {"1.00001", "5200.123456", "0.00000"}) {
         const CommandOutcome r = onDemo(
             {"tariffa", "--tabella", "OnorariStrag2004Euro", "--id", "10", "--valore", valore, "--rilevanza", "50"});
-        expectOneLineError(r, "--valore: '" + valore + "' has more than four decimals", valore);
+        expectOneLineError(
+            r, "--valore: «" + valore + "» ha più di quattro decimali: gli importi si tengono esatti al decimillesimo",
+            valore);
     }
     const CommandOutcome r = onDemo(
         {"tariffa", "--tabella", "OnorariStrag2004Euro", "--id", "10", "--valore", "5200.0000", "--rilevanza", "50"});
     EXPECT_EQ(r.status, 0) << r.err;
-    EXPECT_EQ(r.out.rfind("importo 234.0000\n", 0), 0u);
+    EXPECT_EQ(r.out.rfind("importo 234,00 \u20AC\n", 0), 0u) << r.out;
 }
 
 TEST_F(ArgumentsTest, TariffaSaysWhenAFigureOverflows)
@@ -181,13 +184,14 @@ TEST_F(ArgumentsTest, TariffaSaysWhenAFigureOverflows)
             {"tariffa", "--tabella", "OnorariStrag94", "--id", id, "--valore", "922337203685", "--rilevanza", "100"});
         EXPECT_EQ(r.status, 1) << r.out;
         EXPECT_EQ(r.out, "");
-        EXPECT_EQ(r.err.rfind("avlor: error: the figures overflow the range of amounts (Overflow: ", 0), 0u) << r.err;
+        EXPECT_EQ(r.err.rfind("avlor: error: le cifre superano l'intervallo degli importi (Overflow: ", 0), 0u)
+            << r.err;
         EXPECT_EQ(std::count(r.err.begin(), r.err.end(), '\n'), 1) << r.err;
     }
     const CommandOutcome r = onDemo(
         {"tariffa", "--tabella", "OnorariStrag94", "--id", "10", "--valore", "922337203685", "--rilevanza", "100"});
     EXPECT_EQ(r.err,
-              "avlor: error: the figures overflow the range of amounts (Overflow: 9298322037 does not fit a "
+              "avlor: error: le cifre superano l'intervallo degli importi (Overflow: 9298322037 does not fit a "
               "32-bit whole number)\n");
 }
 

@@ -13,6 +13,8 @@
 #include <sstream>
 #include <string>
 
+#include <nlohmann/json.hpp>
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -56,9 +58,10 @@ protected:
     }
     static void TearDownTestSuite() { fs::remove_all(folder); }
 
-    static Outcome avlor(const std::vector<std::string>& words)
+    static Outcome avlor(const std::vector<std::string>& words, const std::string& environment = "")
     {
-        std::string command = "AVLOR_TARIFFE_DIR=" + quoted(AVLOR_TARIFFE) + " AVLOR_DB= " + quoted(AVLOR_COMMAND);
+        std::string command =
+            environment + " AVLOR_TARIFFE_DIR=" + quoted(AVLOR_TARIFFE) + " AVLOR_DB= " + quoted(AVLOR_COMMAND);
         for (const auto& w : words)
             command += " " + quoted(w);
         const fs::path errFile = folder / "stderr.txt";
@@ -103,7 +106,9 @@ TEST_F(CommandTest, PricesAnOutOfCourtItemWithADecimalValue)
     const Outcome r = onDemo(
         {"tariffa", "--tabella", "OnorariStrag2004Euro", "--id", "10", "--valore", "5200.00", "--rilevanza", "50"});
     EXPECT_EQ(r.status, 0) << r.err;
-    EXPECT_EQ(r.out, "importo 234.0000\nMinTar  156.0000\nMaxTar  312.0000\nMinS    0.0000\nMaxS    0.0000\n");
+    EXPECT_EQ(r.out,
+              "importo 234,00 \u20AC\nMinTar  156,00 \u20AC\nMaxTar  312,00 \u20AC\nMinS    0,00 \u20AC\n"
+              "MaxS    0,00 \u20AC\n");
 }
 
 TEST_F(CommandTest, ShowsTheAttenzioneMessageWhenNothingIsProposed)
@@ -199,6 +204,66 @@ TEST_F(CommandTest, LateBoundCallTakesTheDatabaseAfterTheCommandName)
     EXPECT_EQ(joined.out, "{\"risultato\":1,\"argomenti\":[],\"messaggi\":[]}\n");
 }
 
+// An id that names nothing still gets the class's fallback, and a warning.
+TEST_F(CommandTest, QuestionsWarnWhenTheIdNamesNothing)
+{
+    const Outcome clienti = onDemo({"pratica", "clienti", "99"});
+    EXPECT_EQ(clienti.status, 0);
+    EXPECT_EQ(clienti.out, "1\n");
+    EXPECT_EQ(clienti.err, "avlor: avviso: la pratica 99 non esiste nel database\n");
+    const Outcome livello = onDemo({"utenti", "livello", "77", "--json"});
+    EXPECT_EQ(livello.out, "{\"risultato\":1}\n");
+    EXPECT_EQ(livello.err, "avlor: avviso: l'utente 77 non esiste nel database\n");
+    EXPECT_EQ(onDemo({"anagrafica", "giuridico", "9"}).err, "avlor: avviso: l'anagrafica 9 non esiste nel database\n");
+    EXPECT_EQ(onDemo({"fattura", "residuo", "-4"}).err, "avlor: avviso: la fattura -4 non esiste nel database\n");
+    EXPECT_EQ(onDemo({"utenti", "in-gruppo", "0", "Civile"}).err,
+              "avlor: avviso: l'utente 0 non esiste nel database\n");
+    // Ids that exist say nothing more.
+    EXPECT_EQ(onDemo({"pratica", "clienti", "1"}).err, "");
+    EXPECT_EQ(onDemo({"fattura", "residuo", "2"}).err, "");
+}
+
+TEST_F(CommandTest, AMissingOrMistypedCommandListsTheCommands)
+{
+    const std::string all = "db, tariffa, tariffe, utenti, pratica, anagrafica, fattura, call, parcella, parametri";
+    const Outcome none = avlor({});
+    EXPECT_EQ(none.status, 1);
+    EXPECT_EQ(none.err, "avlor: error: avlor vuole un comando: " + all + " (avlor --help per l'aiuto)\n");
+    const Outcome typo = avlor({"tariff"});
+    EXPECT_EQ(typo.status, 1);
+    EXPECT_EQ(typo.err,
+              "avlor: error: comando sconosciuto «tariff»: forse «tariffa»? I comandi di avlor sono: " + all +
+                  " (avlor --help per l'aiuto)\n");
+    const Outcome group = onDemo({"utenti"});
+    EXPECT_EQ(group.status, 1);
+    EXPECT_EQ(group.err,
+              "avlor: error: avlor utenti vuole un comando: livello, gruppi, membri, contabilita, in-gruppo, corrente, "
+              "riservatezza, filtro-pratiche, filtro-anagrafiche (avlor utenti --help per l'aiuto)\n");
+    const Outcome far = onDemo({"utenti", "zzzzzz"});
+    EXPECT_EQ(far.err.rfind("avlor: error: comando sconosciuto «zzzzzz». I comandi di avlor utenti sono: livello,", 0),
+              0u)
+        << far.err;
+}
+
+TEST_F(CommandTest, EveryCommandsHelpShowsTheSharedOptionsAndTheDefaultDatabase)
+{
+    for (const std::vector<std::string>& words : {std::vector<std::string>{"--help"},
+                                                  {"tariffa", "--help"},
+                                                  {"utenti", "livello", "--help"},
+                                                  {"tariffe", "elenca", "--help"},
+                                                  {"parcella", "--help"},
+                                                  {"db", "init", "--help"}}) {
+        const Outcome r = avlor(words, "XDG_DATA_HOME=/srv/dati");
+        EXPECT_EQ(r.status, 0) << r.err;
+        EXPECT_NE(r.out.find("--db"), std::string::npos) << words[0];
+        EXPECT_NE(r.out.find("--json"), std::string::npos) << words[0];
+        EXPECT_NE(r.out.find("/srv/dati/avlor/avlor.db"), std::string::npos) << r.out;
+        EXPECT_EQ(r.out.find(".local/share"), std::string::npos) << r.out;
+    }
+    const Outcome id = avlor({"pratica", "clienti", "--help"});
+    EXPECT_NE(id.out.find("Id del record (Pratica.ID_Pra), numero intero"), std::string::npos) << id.out;
+}
+
 TEST_F(CommandTest, LateBoundCallHelpListsItsOptions)
 {
     const Outcome r = avlor({"call", "--help"});
@@ -207,14 +272,53 @@ TEST_F(CommandTest, LateBoundCallHelpListsItsOptions)
     EXPECT_NE(r.out.find("--json"), std::string::npos) << r.out;
 }
 
+// What the shipped Diritti2004Euro lists: no row, the fixed item the engine
+// prices.
+const std::string EmptyRights2004 = "Id\tCodice\tDescrizione\tImporti\n"
+                                    "391\t\tvoce fissa: fascia stabilita dalla tariffa\tregole\n"
+                                    "Diritti2004Euro: voci 1; con importi dalla tabella 0; dalle regole del "
+                                    "programma 1; senza importi 0\n";
+
+TEST_F(CommandTest, TariffeListsEverythingTheEnginePrices)
+{
+    // The shipped lire rights table has no row; item 132 prices all the same.
+    const Outcome r = onDemo({"tariffe", "elenca", "--tabella", "Diritti94"});
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(r.out,
+              "Id\tCodice\tDescrizione\tImporti\n"
+              "132\t\tvoce fissa: fascia stabilita dalla tariffa\tregole\n"
+              "Diritti94: voci 1; con importi dalla tabella 0; dalle regole del programma 1; senza importi 0\n");
+    const Outcome civil = onDemo({"--json", "tariffe", "elenca", "--tabella", "Onorari2004Euro"});
+    EXPECT_EQ(civil.status, 0) << civil.err;
+    const auto listed = nlohmann::json::parse(civil.out)["risultato"];
+    EXPECT_EQ(listed["dallaTabella"], 11);
+    EXPECT_EQ(listed["dalleRegole"], 1);
+    EXPECT_EQ(listed["voci"].back()["Id"], 62);
+    EXPECT_EQ(listed["voci"].back()["importi"], "regole");
+    EXPECT_EQ(listed["voci"][0]["importi"], "tabella");
+}
+
 TEST_F(CommandTest, TariffeListsTheItemsAUserPicksFrom)
 {
     const Outcome r = onDemo({"tariffe", "elenca", "--tabella", "OnorariStrag2004Euro"});
     EXPECT_EQ(r.status, 0) << r.err;
-    EXPECT_EQ(r.out.rfind("1\t1.A\t1. Prestazioni di consulenza / Consultazioni orali", 0), 0u) << r.out;
-    EXPECT_NE(r.out.find("\n6\t2.c\t2. Prestazioni di assistenza / Esame e studio della pratica\n"), std::string::npos);
+    EXPECT_EQ(
+        r.out.rfind("Id\tCodice\tDescrizione\tImporti\n1\t1.A\t1. Prestazioni di consulenza / Consultazioni orali", 0),
+        0u)
+        << r.out;
+    EXPECT_NE(r.out.find("\n6\t2.c\t2. Prestazioni di assistenza / Esame e studio della pratica\tregole\n"),
+              std::string::npos);
+    // Items 10 to 13 have no row: the engine prices them by its own rules.
+    EXPECT_NE(r.out.find("\n10\t\tfascia a percentuale del valore\tregole\n"
+                         "11\t\tmetà della fascia a percentuale del valore\tregole\n"
+                         "12\t\tfascia a percentuale del valore\tregole\n"
+                         "13\t\tfascia fissa\tregole\n"),
+              std::string::npos)
+        << r.out;
     // Out-of-court amounts come from the engine's formulas, not from columns.
-    EXPECT_EQ(r.out.substr(r.out.rfind('\n', r.out.size() - 2) + 1), "9 items, 0 with amounts\n");
+    EXPECT_EQ(r.out.substr(r.out.rfind('\n', r.out.size() - 2) + 1),
+              "OnorariStrag2004Euro: voci 13; con importi dalla tabella 0; dalle regole del programma 13; senza "
+              "importi 0\n");
 }
 
 TEST_F(CommandTest, ErrorsAreOneLineWithAFailureStatus)
@@ -227,7 +331,7 @@ TEST_F(CommandTest, ErrorsAreOneLineWithAFailureStatus)
         {{"tariffa", "--tabella", "Onorari2005", "--id", "1", "--valore", "1", "--rilevanza", "1"},
          "avlor: error: \"Onorari2005\" is not a fee table"},
         {{"tariffa", "--tabella", "Diritti94", "--id", "1", "--valore", "12abc", "--rilevanza", "1"},
-         "avlor: error: --valore: '12abc' is not a number (use a point as decimal separator)\n"},
+         "avlor: error: --valore: «12abc» non è un importo: scriverlo per esempio 30000, 30000,50 o 30.000,50\n"},
         {{"call", "AvlorLogic.clsNessuna", "Foo"},
          "avlor: error: No class is registered under the name 'AvlorLogic.clsNessuna'\n"},
         {{"call", "AvlorLogic.clsUtenti", "Foo"},
@@ -263,8 +367,8 @@ TEST_F(CommandTest, AProgramOutsideTheSourceTreeMakesADatabaseWithTheFigures)
     const int raw = ::pclose(pipe);
     EXPECT_TRUE(WIFEXITED(raw) && WEXITSTATUS(raw) == 0) << out;
     EXPECT_EQ(out,
-              "Created the practice database " + newDatabase +
-                  " with 56 official fee items in 6 tables and the sample firm.\n");
+              "Creato il database delle pratiche " + newDatabase +
+                  " con 56 voci delle tariffe ufficiali in 6 tabelle e lo studio di prova.\n");
 }
 
 // A file: URI names its file with percent escapes, as SQLite reads it.
@@ -319,7 +423,7 @@ TEST_F(CommandTest, ImportOfABadFileChangesNothing)
     const Outcome r = onDemo({"tariffe", "importa", "--tabella", "Diritti2004Euro", file.string()});
     EXPECT_EQ(r.status, 1);
     EXPECT_NE(r.err.find("VALORESCA1"), std::string::npos) << r.err;
-    EXPECT_EQ(onDemo({"tariffe", "elenca", "--tabella", "Diritti2004Euro"}).out, "0 items, 0 with amounts\n");
+    EXPECT_EQ(onDemo({"tariffe", "elenca", "--tabella", "Diritti2004Euro"}).out, EmptyRights2004);
 }
 
 TEST_F(CommandTest, ExportThenImportIsLossless)

@@ -108,9 +108,9 @@ TEST_F(DatabaseFilesTest, ExportNeverWritesOverTheDatabaseOrItsCompanionFiles)
         const CommandOutcome r = avlor({"--db", db, "tariffe", "esporta", "--tabella", "Onorari94", "-o", output});
         EXPECT_EQ(r.status, 1) << output;
         const std::string what = output == db + "-wal" || output == db + "-shm" || output == db + "-journal"
-            ? "a companion file of the practice database (" + output + ")"
-            : "the practice database " + db;
-        EXPECT_EQ(r.err, "avlor: error: refusing to write " + output + ": it is " + what + "\n");
+            ? "un file di servizio del database delle pratiche (" + output + ")"
+            : "il database delle pratiche " + db;
+        EXPECT_EQ(r.err, "avlor: error: non scrivo " + output + ": è " + what + "\n");
     }
     // The same file under another name (a hard link) is refused too.
     fs::create_hard_link(db, work / "altro-nome.db");
@@ -152,7 +152,8 @@ TEST_F(DatabaseFilesTest, AnExportThatCannotBeWrittenWholeLeavesThePreviousFile)
         avlor({"--db", db, "tariffe", "esporta", "--tabella", "Diritti2004Euro", "-o", csv.string()},
               RunOptions{"ulimit -f 100;", "", ""});
     EXPECT_EQ(r.status, 1);
-    EXPECT_EQ(r.err, "avlor: error: cannot write " + csv.string() + ": File too large; the file was left as it was\n");
+    EXPECT_EQ(r.err,
+              "avlor: error: impossibile scrivere " + csv.string() + ": File too large; il file è rimasto com'era\n");
     EXPECT_EQ(fileText(csv), "il file di prima\n");
     EXPECT_EQ(namesIn(work), (std::set<std::string>{"p.db", "diritti.csv"}));
     // Without the limit the file is replaced whole.
@@ -384,9 +385,10 @@ TEST_F(DatabaseFilesTest, AnImportFilePastTheLimitIsRefusedBeforeItIsRead)
     EXPECT_EQ(r.status, 1);
     EXPECT_EQ(r.err,
               "avlor: error: " + huge.string() +
-                  " holds 16777217 bytes; a fee-table file may hold at most 16777216 bytes (16 MiB)\n");
-    EXPECT_EQ(avlor({"--db", db, "tariffe", "elenca", "--tabella", "Diritti2004Euro"}).out,
-              "0 items, 0 with amounts\n");
+                  " contiene 16777217 byte; un file di tariffe può contenerne al più 16777216 (16 MiB)\n");
+    const std::string listed = avlor({"--db", db, "tariffe", "elenca", "--tabella", "Diritti2004Euro"}).out;
+    EXPECT_EQ(listed.substr(listed.rfind('\n', listed.size() - 2) + 1),
+              "Diritti2004Euro: voci 1; con importi dalla tabella 0; dalle regole del programma 1; senza importi 0\n");
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 // with exit status 2 and one line on standard error.
 #include <gtest/gtest.h>
 
+#include <sqlite3.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -40,7 +41,8 @@ protected:
     static Outcome avlor(const std::vector<std::string>& words, const fs::path& input = {},
                          const std::string& environment = "")
     {
-        // A neutral locale: amounts read "1,234.50" whatever the machine's.
+        // The C locale, Debian's default: it names no number conventions, so
+        // amounts are shown and read the Italian way ("1.234,50").
         avlor::test::RunOptions options;
         options.environment = "AVLOR_SETTINGS=" + avlor::test::shellQuoted(settings) + " LC_ALL=C " + environment;
         if (!input.empty())
@@ -131,8 +133,8 @@ TEST_F(ParcellaCommandTest, StartUpReadsTheCaseFileTheConfigurationAndTheActions
     EXPECT_EQ(grid["colonne"][7], "Onorari  ");
     EXPECT_EQ(grid["righe"][0][0], "1");
     EXPECT_EQ(grid["righe"][0][4], "Esame e studio della pratica");
-    EXPECT_EQ(grid["righe"][0][7], "\xE2\x82\xAC  450.00");
-    EXPECT_EQ(grid["righe"][1][7], "\xE2\x82\xAC  82.50");
+    EXPECT_EQ(grid["righe"][0][7], "\xE2\x82\xAC  450,00");
+    EXPECT_EQ(grid["righe"][1][7], "\xE2\x82\xAC  82,50");
     EXPECT_EQ(grid["righe"][1][10], "Avv. Rossi");
     EXPECT_EQ(form["ArrayAzioni"], grid["righe"]);
 
@@ -163,9 +165,9 @@ TEST_F(ParcellaCommandTest, ChoosingAnOutOfCourtItemProposesTheAmountTimesTheQua
     EXPECT_EQ(chosen["messaggi"], json::array());
     EXPECT_EQ(chosen["form"]["idTariffa"], 1);
     EXPECT_EQ(chosen["form"]["ImportoVoce"], "82.5000");
-    EXPECT_EQ(chosen["controlli"]["FImporto"]["testo"], "165.00");
-    EXPECT_EQ(chosen["controlli"]["FDenMinT"]["testo"], "15.00");
-    EXPECT_EQ(chosen["controlli"]["FDenMaxT"]["testo"], "150.00");
+    EXPECT_EQ(chosen["controlli"]["FImporto"]["testo"], "165,00");
+    EXPECT_EQ(chosen["controlli"]["FDenMinT"]["testo"], "15,00");
+    EXPECT_EQ(chosen["controlli"]["FDenMaxT"]["testo"], "150,00");
     EXPECT_EQ(chosen["controlli"]["cmbCodice"]["corrente"], 0);
 }
 
@@ -200,13 +202,14 @@ TEST_F(ParcellaCommandTest, HourlyAmountBelowAThousandEuroIsRoundedUpToAThousand
     EXPECT_EQ(lines[0]["controlli"]["fraTempo"]["visibile"], true);
     EXPECT_EQ(lines[0]["controlli"]["GrigliaParcella"]["colonne"][7], "Importo  ");
     EXPECT_EQ(lines[1]["form"]["TariffaEuro"], "120.0000");
-    EXPECT_EQ(lines[3]["controlli"]["FImporto"]["testo"], "1,000.00");
+    EXPECT_EQ(lines[3]["controlli"]["FImporto"]["testo"], "1.000,00");
 }
 
-TEST_F(ParcellaCommandTest, AnUnknownCaseFileClosesTheDialogAtOnce)
+TEST_F(ParcellaCommandTest, AnUnknownCaseFileClosesTheDialogAtOnceAndTheCommandFails)
 {
     const Outcome run = script({R"({"stato": true})", R"({"click": "optOnorari"})"}, 999);
-    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err, "avlor: error: la pratica 999 non esiste nel database\n");
     const auto lines = answers(run);
     ASSERT_EQ(lines.size(), 2u);
     EXPECT_EQ(lines[0]["chiuso"], true);
@@ -214,6 +217,27 @@ TEST_F(ParcellaCommandTest, AnUnknownCaseFileClosesTheDialogAtOnce)
     // A closed dialog takes no more events.
     EXPECT_EQ(lines[1]["chiuso"], true);
     EXPECT_EQ(lines[1]["controlli"]["optOnorari"]["valore"], false);
+}
+
+TEST_F(ParcellaCommandTest, TheWindowIsNotOpenedOnAnUnknownCaseFile)
+{
+    const Outcome run = avlor({"--db", database, "parcella", "--pratica", "999"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.err, "avlor: error: la pratica 999 non esiste nel database\n");
+}
+
+TEST_F(ParcellaCommandTest, ThePerformersLireRatesShowTheItalianWay)
+{
+    const Outcome run = script({R"({"stato": true})"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const auto lines = answers(run);
+    ASSERT_EQ(lines.size(), 1u);
+    const json& eseguito = lines[0]["controlli"]["cmbEseguito"];
+    EXPECT_EQ(eseguito["colonne"], json({"Utente", "TAREURO", "TARLIRE"}));
+    ASSERT_EQ(eseguito["righe"].size(), 5u);
+    EXPECT_EQ(eseguito["righe"][0], json({"Amministratore", "100,00", "195.000"}));
+    EXPECT_EQ(eseguito["righe"][2], json({"Avv. Rossi", "120,00", "230.000"}));
 }
 
 TEST_F(ParcellaCommandTest, ReadsTheScriptFromStandardInputAndSkipsBlankLines)
@@ -235,7 +259,7 @@ TEST_F(ParcellaCommandTest, AnUnknownControlStopsTheScriptAfterTheLinesBeforeIt)
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(answers(run).size(), 1u);
     EXPECT_EQ(run.err,
-              "avlor: error: line 2: The dialog \"Parcellazione Adempimento\" has no control named "
+              "avlor: error: riga 2: Il dialogo \"Parcellazione Adempimento\" non ha un controllo di nome "
               "\"nonesiste\"\n");
 }
 
@@ -246,25 +270,26 @@ TEST_F(ParcellaCommandTest, MalformedLinesStopTheScriptWithOneLine)
         const char* message;
     };
     const Case cases[] = {
-        {"garbage", "not a JSON object"},
-        {"[1, 2]", "not a JSON object"},
-        {"{}", "a step needs one of \"click\", \"imposta\", \"apri\", \"scegli\", \"stato\""},
-        {R"({"click": "optOnorari", "apri": "cmbCodice"})", "a step does one thing: \"click\" and \"apri\" together"},
-        {R"({"click": "optOnorari", "colore": 1})", "unknown member \"colore\""},
-        {R"({"click": 5})", "\"click\" takes the name of a control"},
-        {R"({"imposta": "FData"})", "\"imposta\" needs \"valore\", the text to type"},
-        {R"({"scegli": "cmbCodice"})", "\"scegli\" needs either \"chiave\" or \"riga\""},
-        {R"({"scegli": "cmbCodice", "chiave": 1, "riga": 0})", "\"scegli\" needs either \"chiave\" or \"riga\""},
-        {R"({"scegli": "cmbCodice", "riga": "zero"})", "\"riga\" takes a whole number"},
-        {R"({"scegli": "cmbCodice", "chiave": 99999999999})", "\"chiave\" is out of range"},
-        {R"({"stato": true, "risposte": ["Forse"]})", "unknown answer \"Forse\" (answers are OK, Annulla, Si, No)"},
-        {R"({"stato": true, "risposte": "Si"})", "\"risposte\" takes a list of answers (OK, Annulla, Si, No)"},
+        {"garbage", "non è un oggetto JSON"},
+        {"[1, 2]", "non è un oggetto JSON"},
+        {"{}", "un passo vuole uno fra \"click\", \"imposta\", \"apri\", \"scegli\", \"stato\""},
+        {R"({"click": "optOnorari", "apri": "cmbCodice"})", "un passo fa una cosa sola: \"click\" e \"apri\" insieme"},
+        {R"({"click": "optOnorari", "colore": 1})", "membro sconosciuto \"colore\""},
+        {R"({"click": 5})", "\"click\" vuole il nome di un controllo"},
+        {R"({"imposta": "FData"})", "\"imposta\" vuole \"valore\", il testo da scrivere"},
+        {R"({"scegli": "cmbCodice"})", "\"scegli\" vuole \"chiave\" oppure \"riga\""},
+        {R"({"scegli": "cmbCodice", "chiave": 1, "riga": 0})", "\"scegli\" vuole \"chiave\" oppure \"riga\""},
+        {R"({"scegli": "cmbCodice", "riga": "zero"})", "\"riga\" vuole un numero intero"},
+        {R"({"scegli": "cmbCodice", "chiave": 99999999999})", "\"chiave\" è fuori intervallo"},
+        {R"({"stato": true, "risposte": ["Forse"]})",
+         "risposta sconosciuta \"Forse\" (le risposte sono OK, Annulla, Si, No)"},
+        {R"({"stato": true, "risposte": "Si"})", "\"risposte\" vuole un elenco di risposte (OK, Annulla, Si, No)"},
     };
     for (const auto& c : cases) {
         const Outcome run = script({c.line});
         EXPECT_EQ(run.status, 2) << c.line;
         EXPECT_EQ(run.out, "") << c.line;
-        EXPECT_EQ(run.err, std::string("avlor: error: line 1: ") + c.message + "\n") << c.line;
+        EXPECT_EQ(run.err, std::string("avlor: error: riga 1: ") + c.message + "\n") << c.line;
     }
 }
 
@@ -301,8 +326,53 @@ protected:
         return result;
     }
 
+    // Every row of Azioni, each column as its stored type and text.
+    std::vector<std::string> storedActions() const
+    {
+        sqlite3* db = nullptr;
+        std::vector<std::string> rows;
+        if (sqlite3_open_v2(own.c_str(), &db, SQLITE_OPEN_READONLY, nullptr) == SQLITE_OK) {
+            sqlite3_stmt* statement = nullptr;
+            sqlite3_prepare_v2(db, "SELECT * FROM Azioni ORDER BY IdAzione", -1, &statement, nullptr);
+            while (statement != nullptr && sqlite3_step(statement) == SQLITE_ROW) {
+                std::string row;
+                for (int c = 0; c < sqlite3_column_count(statement); ++c) {
+                    const unsigned char* text = sqlite3_column_text(statement, c);
+                    row += std::string(sqlite3_column_name(statement, c)) + "=" +
+                        std::to_string(sqlite3_column_type(statement, c)) + ":" +
+                        (text != nullptr ? reinterpret_cast<const char*>(text) : "NULL") + " ";
+                }
+                rows.push_back(row);
+            }
+            sqlite3_finalize(statement);
+        }
+        sqlite3_close(db);
+        return rows;
+    }
+
     std::string own;
 };
+
+// Each demo action is what the dialog itself writes: loaded and changed with
+// nothing touched (by its performer, user 3), its row stays as it was.
+TEST_F(ParcellaWritingTest, EveryDemoActionIsStoredAsTheDialogStoresIt)
+{
+    const std::vector<std::string> before = storedActions();
+    ASSERT_EQ(before.size(), 3u);
+    const std::vector<std::vector<std::string>> presses = {
+        {R"({"scegli": "GrigliaParcella", "riga": 0})", R"({"click": "cmdModifica"})"},
+        {R"({"scegli": "GrigliaParcella", "riga": 1})", R"({"click": "cmdModifica"})"},
+        {R"({"click": "optOraria"})", R"({"scegli": "GrigliaParcella", "riga": 0})", R"({"click": "cmdModifica"})"},
+    };
+    for (const auto& press : presses) {
+        const Outcome run = writing(press);
+        ASSERT_EQ(run.status, 0) << run.err;
+        const auto lines = answers(run);
+        ASSERT_EQ(lines.size(), press.size());
+        EXPECT_EQ(lines.back()["messaggi"], json::array()) << press[press.size() - 2];
+        EXPECT_EQ(storedActions(), before) << press[press.size() - 2];
+    }
+}
 
 TEST_F(ParcellaWritingTest, AddingAtOneMovesTheOthersUp)
 {
@@ -322,6 +392,29 @@ TEST_F(ParcellaWritingTest, AddingAtOneMovesTheOthersUp)
     // action of 17/03/2025, now number 3.
     EXPECT_EQ(lines[3]["controlli"]["FNumOrdine"]["testo"], "4");
     EXPECT_EQ(lines[3]["controlli"]["FData"]["testo"], "20/03/2025");
+}
+
+// Under the C locale (Debian's default) an amount typed the Italian way is
+// stored at the scale it is shown in, and one typed with a decimal point
+// too.
+TEST_F(ParcellaWritingTest, AmountsTypedTheItalianWayAreStoredAtTheirScale)
+{
+    const Outcome run =
+        writing({R"({"scegli": "GrigliaParcella", "riga": 0})", R"({"imposta": "FImporto", "valore": "120,00"})",
+                 R"({"imposta": "FEsenti", "valore": "16,00"})", R"({"imposta": "FImponibili", "valore": "2.5"})",
+                 R"({"click": "cmdModifica"})", R"({"scegli": "GrigliaParcella", "riga": 0})"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const auto lines = answers(run);
+    ASSERT_EQ(lines.size(), 6u);
+    EXPECT_EQ(lines[4]["messaggi"], json::array());
+    const json& row = lines[4]["controlli"]["GrigliaParcella"]["righe"][0];
+    EXPECT_EQ(row[7], "\xE2\x82\xAC  120,00");
+    EXPECT_EQ(row[8], "\xE2\x82\xAC  2,50");
+    EXPECT_EQ(row[9], "\xE2\x82\xAC  16,00");
+    const json& loaded = lines[5]["controlli"];
+    EXPECT_EQ(loaded["FImporto"]["testo"], "120,00");
+    EXPECT_EQ(loaded["FEsenti"]["testo"], "16,00");
+    EXPECT_EQ(loaded["FImponibili"]["testo"], "2,50");
 }
 
 TEST_F(ParcellaWritingTest, TheOverMaximumQuestionTakesTheScriptsAnswer)
@@ -366,7 +459,7 @@ TEST_F(ParcellaWritingTest, AnUnansweredDeleteQuestionStopsBeforeAnythingIsWritt
 {
     const Outcome run = writing({R"({"scegli": "GrigliaParcella", "riga": 0})", R"({"click": "cmdCancella"})"});
     EXPECT_EQ(run.status, 2);
-    EXPECT_NE(run.err.find("line 2: a question without an answer: ATTENZIONE : Confermi la cancellazione"),
+    EXPECT_NE(run.err.find("riga 2: una domanda senza risposta: ATTENZIONE : Confermi la cancellazione"),
               std::string::npos)
         << run.err;
     // The database still holds both tariff actions.
@@ -380,16 +473,17 @@ TEST_F(ParcellaCommandTest, BadArgumentsAreRefusedWithStatusOne)
     const Outcome badDate =
         avlor({"--db", database, "parcella", "--pratica", "1", "--data", "31/02/2025", "--script", "-"});
     EXPECT_EQ(badDate.status, 1);
-    EXPECT_EQ(badDate.err, "avlor: error: --data takes a date as DD/MM/YYYY, not \"31/02/2025\"\n");
+    EXPECT_EQ(badDate.err, "avlor: error: --data vuole una data GG/MM/AAAA, non \"31/02/2025\"\n");
 
     const Outcome noWindow = avlor({"--db", database, "parcella", "--pratica", "1", "--data", "31/02/2025"});
     EXPECT_EQ(noWindow.status, 1);
-    EXPECT_EQ(noWindow.err, "avlor: error: --data takes a date as DD/MM/YYYY, not \"31/02/2025\"\n");
+    EXPECT_EQ(noWindow.err, "avlor: error: --data vuole una data GG/MM/AAAA, non \"31/02/2025\"\n");
 
     const Outcome missingScript =
         avlor({"--db", database, "parcella", "--pratica", "1", "--script", (folder / "none.jsonl").string()});
     EXPECT_EQ(missingScript.status, 1);
-    EXPECT_EQ(missingScript.err, "avlor: error: cannot read the script " + (folder / "none.jsonl").string() + "\n");
+    EXPECT_EQ(missingScript.err,
+              "avlor: error: impossibile leggere lo script " + (folder / "none.jsonl").string() + "\n");
 
     const std::string missingDb = (folder / "missing.db").string();
     const Outcome noDatabase = avlor({"--db", missingDb, "parcella", "--pratica", "1", "--script", "-"});

@@ -73,8 +73,8 @@ TEST_F(ServerCommand, InitMakesThePracticeDatabaseAndTheCommandsReadIt)
     const Outcome init = avlor({"db", "init", server.location(), "--demo"});
     ASSERT_EQ(init.status, 0) << init.err;
     EXPECT_EQ(init.out,
-              "Created the practice database " + server.location() +
-                  " with 56 official fee items in 6 tables and the sample firm.\n");
+              "Creato il database delle pratiche " + server.location() +
+                  " con 56 voci delle tariffe ufficiali in 6 tabelle e lo studio di prova.\n");
     EXPECT_EQ(avlor({"--db", server.location(), "db", "versione"}).out, "1\n");
     const Outcome priced = avlor({"--db", server.location(), "tariffa", "--tabella", "Diritti94", "--id", "132",
                                   "--valore", "1000000", "--rilevanza", "37", "--json"});
