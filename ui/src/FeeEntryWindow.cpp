@@ -103,6 +103,20 @@ bool FeeEntryWindow::start(std::int32_t idPratica, const std::string& parti, con
     return !dialog_.closed();
 }
 
+void FeeEntryWindow::setVisible(bool visible)
+{
+    // The window's size limits follow from its layout. Settled before the
+    // window is made on the screen, they go with it; settled just after (as
+    // Qt does on a first showing), they have to be passed on to a window
+    // that exists already, which a platform without a window manager (the
+    // offscreen one) cannot do and says so on standard error at each opening.
+    if (visible && layout() != nullptr) {
+        ensurePolished();
+        layout()->activate();
+    }
+    QDialog::setVisible(visible);
+}
+
 QWidget* FeeEntryWindow::widgetOf(const std::string& name) const
 {
     const auto found = widgets_.find(name);

@@ -52,6 +52,8 @@ public:
     [[nodiscard]] QWidget* widgetOf(const std::string& name) const;
     [[nodiscard]] dialog::frmOKParcella& dialogObject() noexcept { return dialog_; }
 
+    void setVisible(bool visible) override;
+
 private:
     // DialogView.
     void controlChanged(const std::string& name) override;
