@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QPixmap>
 #include <QScreen>
+#include <QScrollBar>
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
@@ -72,6 +73,28 @@ std::set<std::string> captionsOnScreen(ui::FeeEntryWindow& window)
     return found;
 }
 
+// With the display's own fonts: no row highlighted before one is chosen,
+// every column but the description's wide enough for its caption and cells,
+// and all of them within the grid's width.
+void expectGridLaidOut(ui::FeeEntryWindow& window)
+{
+    auto* grid = qobject_cast<QTableWidget*>(window.widgetOf("GrigliaParcella"));
+    ASSERT_NE(grid, nullptr);
+    EXPECT_GT(grid->rowCount(), 0);
+    EXPECT_TRUE(grid->selectionModel()->selectedRows().isEmpty());
+    EXPECT_FALSE(grid->currentIndex().isValid());
+    auto* view = static_cast<QAbstractItemView*>(grid);
+    for (int c = 0; c < grid->columnCount(); ++c) {
+        if (grid->isColumnHidden(c) || c == 4)
+            continue;
+        const std::string caption = grid->horizontalHeaderItem(c)->text().toStdString();
+        EXPECT_GE(grid->columnWidth(c), grid->horizontalHeader()->sectionSizeHint(c)) << caption;
+        EXPECT_GE(grid->columnWidth(c), view->sizeHintForColumn(c)) << caption;
+    }
+    EXPECT_EQ(grid->horizontalHeader()->length(), grid->viewport()->width());
+    EXPECT_FALSE(grid->horizontalScrollBar()->isVisible());
+}
+
 TEST(Screen, TheWindowOnTheDemoDatabaseShowsEveryCaption)
 {
     const char* database = std::getenv("AVLOR_TEST_DB");
@@ -98,6 +121,7 @@ TEST(Screen, TheWindowOnTheDemoDatabaseShowsEveryCaption)
         EXPECT_TRUE(QTest::qWaitForWindowExposed(window));
         QTest::qWait(300);
         seen = captionsOnScreen(*window);
+        expectGridLaidOut(*window);
 
         const QRect frame = window->frameGeometry();
         const QPixmap shot = window->screen()->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height());

@@ -6,6 +6,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QRadioButton>
+#include <QScrollBar>
 
 #include "WindowFixture.h"
 
@@ -274,6 +275,153 @@ TEST_F(Window, ClickingAGridRowLoadsThatAction)
     EXPECT_EQ(shown("FImporto"), form->control("FImporto").text);
     clickGridRowOf(first);
     EXPECT_EQ(form->state().idAzioneCorrente, first);
+}
+
+// A description far longer than the grid is wide.
+const std::string LongDescription =
+    "Redazione dell'atto di citazione in opposizione al decreto ingiuntivo, con esame dei documenti prodotti "
+    "dal ricorrente, ricerca della giurisprudenza di legittimita' e di merito, conferenza con il cliente e "
+    "deposito telematico presso la cancelleria del Tribunale";
+
+// Every column of the grid that shows something besides the description is
+// wide enough for its caption and for each of its cells, by the grid's own
+// fonts and margins; the columns together fit the grid's width, so there is
+// no horizontal scroll bar.
+void expectEveryColumnButTheDescriptionWhole(QTableWidget* grid)
+{
+    QHeaderView* header = grid->horizontalHeader();
+    const QFontMetrics cells = grid->fontMetrics();
+    const QFontMetrics captions = header->fontMetrics();
+    auto* view = static_cast<QAbstractItemView*>(grid);
+    int total = 0;
+    for (int c = 0; c < grid->columnCount(); ++c) {
+        if (grid->isColumnHidden(c))
+            continue;
+        total += grid->columnWidth(c);
+        if (c == 4)
+            continue;
+        const QString caption = grid->horizontalHeaderItem(c)->text();
+        EXPECT_GE(grid->columnWidth(c), captions.horizontalAdvance(caption)) << caption.toStdString();
+        EXPECT_GE(grid->columnWidth(c), header->sectionSizeHint(c)) << caption.toStdString();
+        EXPECT_GE(grid->columnWidth(c), view->sizeHintForColumn(c)) << caption.toStdString();
+        for (int r = 0; r < grid->rowCount(); ++r) {
+            const QString text = grid->item(r, c)->text();
+            EXPECT_GE(grid->columnWidth(c), cells.horizontalAdvance(text))
+                << caption.toStdString() << ": " << text.toStdString();
+        }
+    }
+    EXPECT_LE(total, grid->viewport()->width());
+    EXPECT_FALSE(grid->horizontalScrollBar()->isVisible());
+    EXPECT_EQ(grid->horizontalScrollBar()->maximum(), 0);
+}
+
+TEST_F(Window, ALongDescriptionIsShortenedAndEveryAmountShownWhole)
+{
+    Action tariff;
+    tariff.descr = LongDescription;
+    tariff.diritti = "98765.43";
+    tariff.onorari = "1234567.89";
+    tariff.imponibili = "23456.78";
+    tariff.esenti = "3456.12";
+    tariff.eseguitoDa = 2;
+    addAction(tariff);
+    Action hourly = tariff;
+    hourly.nOrdine = 1;
+    hourly.tariffa = false;
+    hourly.diritti = "0";
+    hourly.onorari = "1500";
+    hourly.ore = 12;
+    hourly.minuti = 45;
+    addAction(hourly);
+    openWindow(7, "15/03/2005");
+    // The window at the size it opens with.
+    EXPECT_EQ(window->size(), QSize(1180, 740));
+    auto* grid = widget<QTableWidget>("GrigliaParcella");
+    ASSERT_EQ(grid->rowCount(), 1);
+    ASSERT_EQ(grid->item(0, 4)->text().toStdString(), LongDescription);
+    ASSERT_EQ(grid->item(0, 7)->text().toStdString(), "\u20AC  1.234.567,89");
+    expectEveryColumnButTheDescriptionWhole(grid);
+
+    // The description takes the room the other columns leave, one line
+    // ending in an ellipsis, and its tip holds the whole text.
+    const QString description = QString::fromStdString(LongDescription);
+    EXPECT_EQ(grid->horizontalHeader()->length(), grid->viewport()->width());
+    EXPECT_LT(grid->columnWidth(4), grid->fontMetrics().horizontalAdvance(description));
+    EXPECT_GT(grid->columnWidth(4), 300);
+    EXPECT_FALSE(grid->wordWrap());
+    EXPECT_EQ(grid->textElideMode(), Qt::ElideRight);
+    EXPECT_EQ(grid->model()->index(0, 4).data(Qt::ToolTipRole).toString(), description);
+
+    // Time entry: the amount column under its own caption, the time whole.
+    clickOn("optOraria");
+    ASSERT_EQ(grid->rowCount(), 1);
+    EXPECT_EQ(grid->horizontalHeaderItem(7)->text(), "Importo  ");
+    EXPECT_EQ(grid->item(0, 11)->text(), "12:45''");
+    expectEveryColumnButTheDescriptionWhole(grid);
+    EXPECT_EQ(grid->model()->index(0, 4).data(Qt::ToolTipRole).toString(), description);
+}
+
+TEST_F(Window, NoRowIsHighlightedUntilOneIsChosen)
+{
+    Action a;
+    a.descr = "Esame della pratica";
+    a.onorari = "300";
+    addAction(a);
+    a.nOrdine = 2;
+    a.descr = "Udienza";
+    a.onorari = "150";
+    const std::int32_t second = addAction(a);
+    openWindow(7, "15/03/2005");
+    auto* grid = widget<QTableWidget>("GrigliaParcella");
+    ASSERT_EQ(grid->rowCount(), 2);
+    const auto highlighted = [grid] {
+        std::vector<int> rows;
+        for (const QModelIndex& index : grid->selectionModel()->selectedRows())
+            rows.push_back(index.row());
+        return rows;
+    };
+    EXPECT_EQ(highlighted(), std::vector<int>{});
+    EXPECT_FALSE(grid->currentIndex().isValid());
+    EXPECT_EQ(form->state().idAzioneCorrente, 0);
+
+    // Moving into the grid with the keyboard chooses nothing by itself.
+    widget("cmdCancella")->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    ASSERT_EQ(QApplication::focusWidget(), grid);
+    EXPECT_EQ(highlighted(), std::vector<int>{});
+    EXPECT_EQ(form->state().idAzioneCorrente, 0);
+
+    // Choosing a row loads its action, and the row is highlighted.
+    clickGridRowOf(second);
+    EXPECT_EQ(form->state().idAzioneCorrente, second);
+    EXPECT_EQ(shown("FImporto"), form->control("FImporto").text);
+    EXPECT_EQ(highlighted(), std::vector<int>{1});
+    EXPECT_EQ(grid->currentRow(), 1);
+
+    // A change of kind lets go of the action: no row is highlighted.
+    clickOn("optOnorari");
+    EXPECT_EQ(form->state().idAzioneCorrente, 0);
+    EXPECT_EQ(highlighted(), std::vector<int>{});
+    EXPECT_FALSE(grid->currentIndex().isValid());
+
+    // The first row can be chosen as any other.
+    grid->setFocus();
+    QTest::keyClick(grid, Qt::Key_Down);
+    EXPECT_NE(form->state().idAzioneCorrente, 0);
+    EXPECT_EQ(highlighted(), std::vector<int>{0});
+}
+
+TEST_F(Window, TheQuantityAndTheBandsSayWhatTheyHoldInTheirTips)
+{
+    openWindow(7, "15/03/2005");
+    EXPECT_EQ(widget("FQuantita")->toolTip(), "Quantit\u00e0: quante volte si applica la voce di parcella scelta");
+    EXPECT_EQ(widget("fraN")->toolTip(), "Quantit\u00e0: quante volte si applica la voce di parcella scelta");
+    EXPECT_EQ(widget("fraMinMax")->toolTip(), "Tariffa minima e massima per la voce di parcella scelta");
+    EXPECT_EQ(widget("fraStaord")->toolTip(),
+              "Fascia straordinaria: tariffa minima e massima per la voce di parcella scelta");
+    // The frames keep no caption of their own.
+    for (const char* frame : {"fraN", "fraMinMax", "fraStaord"})
+        EXPECT_EQ(widget<QGroupBox>(frame)->title(), "") << frame;
 }
 
 TEST_F(Window, TheKeyboardGoesThroughTheFieldsInTheOrderOfEntry)

@@ -20,6 +20,7 @@
 #include <algorithm>
 #include <exception>
 #include <set>
+#include <string_view>
 
 #include "MultiColumnCombo.h"
 #include "avlor/core/Format.h"
@@ -51,6 +52,16 @@ bool amountGridField(const std::string& field)
     static const std::set<std::string> amounts = {"Quantita", "Diritti", "Onorari", "Imponibili", "Esenti", "Ore"};
     return amounts.count(field) != 0;
 }
+
+// The grid column of the action's description: it takes the width the other
+// columns leave and shortens a long text (shown whole in its tip).
+constexpr std::string_view DescriptionField = "Descr";
+
+// What the controls without a caption of their own hold, told by their tip.
+const QString TipQuantita = QStringLiteral("Quantit\u00e0: quante volte si applica la voce di parcella scelta");
+const QString TipMinMax = QStringLiteral("Tariffa minima e massima per la voce di parcella scelta");
+const QString TipStraordinaria =
+    QStringLiteral("Fascia straordinaria: tariffa minima e massima per la voce di parcella scelta");
 
 // The label text of a label control: its caption, or its text when the
 // dialog writes that instead.
@@ -90,6 +101,20 @@ bool FeeEntryWindow::start(std::int32_t idPratica, const std::string& parti, con
     dialog_.Setta(idPratica, parti, adempimento, workDate);
     dialog_.Form_Load();
     return !dialog_.closed();
+}
+
+void FeeEntryWindow::setVisible(bool visible)
+{
+    // The window's size limits follow from its layout. Settled before the
+    // window is made on the screen, they go with it; settled just after (as
+    // Qt does on a first showing), they have to be passed on to a window
+    // that exists already, which a platform without a window manager (the
+    // offscreen one) cannot do and says so on standard error at each opening.
+    if (visible && layout() != nullptr) {
+        ensurePolished();
+        layout()->activate();
+    }
+    QDialog::setVisible(visible);
 }
 
 QWidget* FeeEntryWindow::widgetOf(const std::string& name) const
@@ -172,7 +197,10 @@ void FeeEntryWindow::build()
             grid_->setAlternatingRowColors(true);
             grid_->verticalHeader()->setVisible(false);
             grid_->horizontalHeader()->setHighlightSections(false);
-            grid_->horizontalHeader()->setStretchLastSection(true);
+            // One line per action: a description too long for its column
+            // ends in an ellipsis rather than wrapping out of sight.
+            grid_->setWordWrap(false);
+            grid_->setTextElideMode(Qt::ElideRight);
             // The grid's background is the colour of the buttons' face.
             QPalette palette = grid_->palette();
             palette.setColor(QPalette::Base, palette.color(QPalette::Button));
@@ -195,6 +223,14 @@ void FeeEntryWindow::build()
     cancella->setIcon(style()->standardIcon(QStyle::SP_TrashIcon));
     cancella->setToolTip(QStringLiteral("Cancella"));
     cancella->setAccessibleName(QStringLiteral("Cancella"));
+
+    // The quantity and the two bands have no caption of their own.
+    for (const char* name : {"fraN", "FQuantita"}) {
+        widgetOf(name)->setToolTip(TipQuantita);
+    }
+    widgetOf("FQuantita")->setAccessibleName(QStringLiteral("Quantit\u00e0"));
+    widgetOf("fraMinMax")->setToolTip(TipMinMax);
+    widgetOf("fraStaord")->setToolTip(TipStraordinaria);
 
     // Labels name the field beside them (their accelerators and screen
     // readers use it).
@@ -355,10 +391,17 @@ void FeeEntryWindow::setTabOrderFromLayout()
 template <typename F>
 void FeeEntryWindow::forward(F&& event)
 {
+    ++eventDepth_;
     try {
         event();
     } catch (const std::exception& error) {
         messageBoxes().show(error.what(), dialog::TitoloMessaggi, MsgIcon::Critical, MsgButtons::Ok);
+    }
+    --eventDepth_;
+    // An event may load an action or let go of one after the grid was last
+    // refilled (a press stores, then refills, then ends the change).
+    if (eventDepth_ == 0) {
+        showLoadedAction();
     }
 }
 
@@ -547,7 +590,8 @@ void FeeEntryWindow::showGrid()
     const Control& control = dialog_.control("GrigliaParcella");
     const QSignalBlocker blocker(grid_);
     const auto& fields = dialog::gridFieldNames();
-    if (control.columns != gridColumns_) {
+    const bool captionsChanged = control.columns != gridColumns_;
+    if (captionsChanged) {
         grid_->setColumnCount(static_cast<int>(control.columns.size()));
         QStringList captions;
         for (const std::string& caption : control.columns) {
@@ -555,10 +599,14 @@ void FeeEntryWindow::showGrid()
         }
         grid_->setHorizontalHeaderLabels(captions);
         for (std::size_t c = 0; c < control.columns.size() && c < fields.size(); ++c) {
-            grid_->setColumnHidden(static_cast<int>(c), hiddenGridField(fields[c]));
+            const int column = static_cast<int>(c);
+            grid_->setColumnHidden(column, hiddenGridField(fields[c]));
+            grid_->horizontalHeader()->setSectionResizeMode(
+                column, fields[c] == DescriptionField ? QHeaderView::Stretch : QHeaderView::Interactive);
         }
         gridColumns_ = control.columns;
     }
+    bool refit = captionsChanged;
     if (control.rows != gridRows_) {
         grid_->setRowCount(static_cast<int>(control.rows.size()));
         for (std::size_t r = 0; r < control.rows.size(); ++r) {
@@ -568,26 +616,74 @@ void FeeEntryWindow::showGrid()
                 if (c < fields.size() && amountGridField(fields[c])) {
                     item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
                 }
+                if (c < fields.size() && fields[c] == DescriptionField) {
+                    item->setToolTip(qtext(text));
+                }
                 grid_->setItem(static_cast<int>(r), static_cast<int>(c), item);
             }
         }
         gridRows_ = control.rows;
-        grid_->resizeColumnsToContents();
+        refit = true;
     }
-    if (control.current != grid_->currentRow()) {
-        if (control.current < 0) {
-            grid_->setCurrentCell(-1, -1);
-        } else {
-            // The first column the user sees.
-            int column = 0;
-            while (column < grid_->columnCount() - 1 && grid_->isColumnHidden(column)) {
-                ++column;
-            }
-            grid_->setCurrentCell(control.current, column);
-        }
+    if (refit) {
+        fitGridColumns();
+    }
+    if (eventDepth_ == 0) {
+        showLoadedAction();
     }
     grid_->setEnabled(control.enabled);
     grid_->setVisible(control.visible);
+}
+
+void FeeEntryWindow::fitGridColumns()
+{
+    // Every column but the description's is as wide as its caption and its
+    // widest cell need, so that amounts are shown whole; the description
+    // takes what is left of the grid's width.
+    const auto& fields = dialog::gridFieldNames();
+    for (int column = 0; column < grid_->columnCount(); ++column) {
+        const auto c = static_cast<std::size_t>(column);
+        if (grid_->isColumnHidden(column) || (c < fields.size() && fields[c] == DescriptionField)) {
+            continue;
+        }
+        grid_->resizeColumnToContents(column);
+    }
+}
+
+void FeeEntryWindow::showLoadedAction()
+{
+    // The grid highlights the action loaded for change, and no row while
+    // none is: the first row the grid comes back to after a fill is not a
+    // choice of the user's. With no current cell, moving into the grid with
+    // the keyboard does not load the first action either.
+    const std::int32_t loaded = dialog_.state().idAzioneCorrente;
+    int row = -1;
+    if (loaded != 0) {
+        const QString key = QString::number(loaded);
+        for (int r = 0; r < grid_->rowCount() && row < 0; ++r) {
+            const QTableWidgetItem* item = grid_->item(r, 0);
+            if (item != nullptr && item->text() == key) {
+                row = r;
+            }
+        }
+    }
+    const QSignalBlocker blocker(grid_);
+    if (row < 0) {
+        grid_->setCurrentIndex(QModelIndex());
+        grid_->clearSelection();
+        return;
+    }
+    if (grid_->currentRow() != row) {
+        // The first column the user sees.
+        int column = 0;
+        while (column < grid_->columnCount() - 1 && grid_->isColumnHidden(column)) {
+            ++column;
+        }
+        grid_->setCurrentCell(row, column);
+    }
+    if (!grid_->selectionModel()->isRowSelected(row, QModelIndex())) {
+        grid_->selectRow(row);
+    }
 }
 
 void FeeEntryWindow::focus(const std::string& name)

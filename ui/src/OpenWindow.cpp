@@ -1,6 +1,10 @@
 #include "avlor/ui/OpenWindow.h"
 
 #include <dlfcn.h>
+#include <fcntl.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <QApplication>
 #include <QDir>
@@ -8,6 +12,8 @@
 #include <QThread>
 #include <QTimer>
 
+#include <array>
+#include <cerrno>
 #include <clocale>
 #include <cstdlib>
 #include <vector>
@@ -110,6 +116,91 @@ std::optional<std::string> platformProblem(const std::string& platform)
     return std::nullopt;
 }
 
+// Whether `folder` is a folder (not a link to one) of this user's that no one
+// else may enter; one of this user's with looser rights is made so.
+bool privateFolder(const std::string& folder)
+{
+    const int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    if (fd < 0) {
+        return false;
+    }
+    struct stat info { };
+    bool ok = ::fstat(fd, &info) == 0 && S_ISDIR(info.st_mode) && info.st_uid == ::geteuid();
+    if (ok && (info.st_mode & 07777) != S_IRWXU) {
+        ok = ::fchmod(fd, S_IRWXU) == 0;
+    }
+    ::close(fd);
+    return ok;
+}
+
+// This user's name, or the number when the system knows no name for it.
+std::string userName()
+{
+    std::array<char, 4096> buffer{};
+    struct passwd entry { };
+    struct passwd* found = nullptr;
+    if (::getpwuid_r(::geteuid(), &entry, buffer.data(), buffer.size(), &found) == 0 && found != nullptr &&
+        found->pw_name != nullptr && *found->pw_name != '\0') {
+        return found->pw_name;
+    }
+    return std::to_string(::geteuid());
+}
+
+// Qt keeps the files of a session (sockets, locks) in the folder named by
+// XDG_RUNTIME_DIR. A desktop session names one; a shell without a session
+// (ssh, a service, a test) does not, and Qt then falls back to
+// "runtime-USER" in the temporary folder by itself, with a warning on
+// standard error at every opening. The window's own application names that
+// same private folder beforehand (made mode 0700 when missing), so that Qt
+// finds what it asks for and opening the window says nothing when all is
+// well. Silencing Qt's messages instead would hide real problems: every other
+// message of Qt still reaches standard error. Should that folder not be this
+// user's private one (another user made it first), a new private folder is
+// made instead. The variable is put back as it was once the application has
+// gone, as the locale is.
+class RuntimeFolder {
+public:
+    RuntimeFolder()
+    {
+        const char* current = std::getenv("XDG_RUNTIME_DIR");
+        if (current != nullptr && *current != '\0') {
+            return;
+        }
+        wasEmpty_ = current != nullptr;
+        const std::string temporary = QDir::tempPath().toStdString();
+        std::string folder = temporary + "/runtime-" + userName();
+        if (::mkdir(folder.c_str(), S_IRWXU) != 0 && errno != EEXIST) {
+            folder.clear();
+        }
+        if (folder.empty() || !privateFolder(folder)) {
+            std::string pattern = temporary + "/avlor-runtime-XXXXXX";
+            folder = ::mkdtemp(pattern.data()) != nullptr ? pattern : std::string();
+        }
+        if (folder.empty()) {
+            return; // Qt says what it makes of it
+        }
+        ::setenv("XDG_RUNTIME_DIR", folder.c_str(), 1);
+        named_ = true;
+    }
+    ~RuntimeFolder()
+    {
+        if (!named_) {
+            return;
+        }
+        if (wasEmpty_) {
+            ::setenv("XDG_RUNTIME_DIR", "", 1);
+        } else {
+            ::unsetenv("XDG_RUNTIME_DIR");
+        }
+    }
+    RuntimeFolder(const RuntimeFolder&) = delete;
+    RuntimeFolder& operator=(const RuntimeFolder&) = delete;
+
+private:
+    bool named_ = false;
+    bool wasEmpty_ = false;
+};
+
 // The application made for a host that runs none, for the time the window is
 // open. Qt sets the C library's locale from the environment when it starts;
 // the locale the host had is put back, so that the host's own reading and
@@ -128,6 +219,8 @@ private:
     static inline int argc_ = 1;
     static inline char name_[] = "avlorlogic";
     static inline char* argv_[] = {name_, nullptr};
+    // Made before the application and put back after it.
+    RuntimeFolder runtime_;
     std::unique_ptr<QApplication> application_;
 };
 

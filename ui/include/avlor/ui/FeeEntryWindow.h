@@ -52,6 +52,8 @@ public:
     [[nodiscard]] QWidget* widgetOf(const std::string& name) const;
     [[nodiscard]] dialog::frmOKParcella& dialogObject() noexcept { return dialog_; }
 
+    void setVisible(bool visible) override;
+
 private:
     // DialogView.
     void controlChanged(const std::string& name) override;
@@ -65,6 +67,8 @@ private:
     void setTabOrderFromLayout();
     void showControl(const dialog::Control& control);
     void showGrid();
+    void fitGridColumns();
+    void showLoadedAction();
     // Runs one event of the dialog; an error it raises is shown in a message
     // box instead of escaping into Qt's event loop.
     template <typename F>
@@ -81,6 +85,9 @@ private:
     // Money fields the user typed into since they last had their amount
     // shown in the field's format.
     std::map<std::string, bool> typedMoney_;
+    // How many of the user's events are being run: the grid shows which
+    // action is loaded once they have ended.
+    int eventDepth_ = 0;
     int busyDepth_ = 0;
     bool closed_ = false;
 };
