@@ -125,6 +125,46 @@ TEST(ParametriSpediti, ShippedFilesNameOnlyTheirSourcesAndWhatShipsBesideThem)
         << fonte;
 }
 
+// One short line per source of a set of figures: the decree, the table, the
+// version and the confidence; a figure from elsewhere names its source once.
+TEST(ParametriSpediti, ShortSourceLines)
+{
+    const Catalogo& c = catalogoSpedito();
+    const Tabella& tribunale = *c.trova("2022", "2");
+    EXPECT_EQ(fontiBrevi(tribunale, tribunale.cifre),
+              (std::vector<std::string>{
+                  "D.M. 55/2014 come modificato dal D.M. 147/2022, tabella 2, versione 2022, affidabilità alta"}));
+    const Tabella& penale = *c.trova("2022", "15");
+    EXPECT_EQ(fontiBrevi(penale, penale.cifre),
+              (std::vector<std::string>{"D.M. 55/2014 come modificato dal D.M. 147/2022, tabella 15, versione 2022, "
+                                        "affidabilità bassa, non verificata"}));
+    const Tabella& lavoro = *c.trova("2018", "3");
+    std::vector<Cifra> mixed = lavoro.cifre;
+    mixed[1].fonte = "Fonte: Studio Rossi, delibera del 2/2/2020";
+    mixed[1].affidabilita = "media";
+    mixed[4].fonte = mixed[1].fonte;
+    mixed[4].affidabilita = "media";
+    mixed[5].fonte = "File importato: correzioni.csv";
+    mixed[5].affidabilita = "bassa";
+    EXPECT_EQ(fontiBrevi(lavoro, mixed),
+              (std::vector<std::string>{
+                  "D.M. 55/2014 come modificato dal D.M. 37/2018, tabella 3, versione 2018, affidabilità alta",
+                  "D.M. 55/2014 come modificato dal D.M. 37/2018, tabella 3, versione 2018, 2 cifre da «Studio Rossi, "
+                  "delibera del 2/2/2020», affidabilità media",
+                  "D.M. 55/2014 come modificato dal D.M. 37/2018, tabella 3, versione 2018, 1 cifra da «File "
+                  "importato: correzioni.csv», affidabilità bassa"}));
+    // A table an import added has no source of the decree's own.
+    Tabella added;
+    added.versione = "2022";
+    added.numero = "25";
+    added.fonte = "File importato: studio.csv";
+    added.affidabilita = "media";
+    added.cifre = {{std::nullopt, std::nullopt, "Compenso", Currency::fromWhole(300), added.fonte, "media"}};
+    EXPECT_EQ(fontiBrevi(added, added.cifre),
+              (std::vector<std::string>{"D.M. 55/2014 come modificato dal D.M. 147/2022, tabella 25, versione 2022, "
+                                        "1 cifra da «File importato: studio.csv», affidabilità media"}));
+}
+
 TEST(ParametriFile, ExportReadsBackUnchanged)
 {
     const std::string text = scriviFileParametri(catalogoSpedito());
