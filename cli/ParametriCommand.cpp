@@ -34,6 +34,7 @@ struct ParametriOptions {
     int clienti = 1;
     std::string file;
     std::string output;
+    bool provenienza = false;
 };
 
 Date readDate(const std::string& text)
@@ -89,24 +90,47 @@ std::string inVigore(const parametri::Versione& v)
     return "dal " + v.dal.toDayFirst() + (v.al ? " al " + v.al->toDayFirst() : std::string(", in vigore"));
 }
 
-nlohmann::ordered_json tableJson(const Tabella& t, bool withFigures)
+// A table with its short source lines; with `provenance`, the full source
+// of the table and of each figure as well.
+nlohmann::ordered_json tableJson(const Tabella& t, bool withFigures, bool provenance = false)
 {
     nlohmann::ordered_json json{{"versione", t.versione},     {"tabella", t.numero},
                                 {"titolo", t.titolo},         {"affidabilita", t.affidabilita},
                                 {"verificata", t.verificata}, {"nota", t.nota},
-                                {"cifre", t.cifre.size()},    {"fonte", t.fonte}};
+                                {"cifre", t.cifre.size()},    {"fonti", parametri::fontiBrevi(t, t.cifre)}};
+    if (provenance)
+        json["provenienza"] = t.fonte;
     if (withFigures) {
         auto figures = nlohmann::ordered_json::array();
-        for (const Cifra& c : t.cifre)
-            figures.push_back({{"scaglioneDa", c.da ? nlohmann::ordered_json(testoImportoPunto(*c.da)) : nullptr},
-                               {"scaglioneA", c.a ? nlohmann::ordered_json(testoImportoPunto(*c.a)) : nullptr},
-                               {"fase", c.fase},
-                               {"valoreMedio", testoImportoPunto(c.valoreMedio)},
-                               {"affidabilita", c.affidabilita},
-                               {"fonte", c.fonte}});
+        for (const Cifra& c : t.cifre) {
+            nlohmann::ordered_json figure{
+                {"scaglioneDa", c.da ? nlohmann::ordered_json(testoImportoPunto(*c.da)) : nullptr},
+                {"scaglioneA", c.a ? nlohmann::ordered_json(testoImportoPunto(*c.a)) : nullptr},
+                {"fase", c.fase},
+                {"valoreMedio", testoImportoPunto(c.valoreMedio)},
+                {"affidabilita", c.affidabilita}};
+            if (provenance)
+                figure["provenienza"] = c.fonte;
+            figures.push_back(figure);
+        }
         json["cifre"] = figures;
     }
     return json;
+}
+
+// The full sources of `t`'s figures `cifre`, each once, the table's own first.
+std::vector<std::string> fullSources(const Tabella& t, const std::vector<Cifra>& cifre)
+{
+    std::vector<std::string> sources;
+    for (const Cifra& c : cifre) {
+        if (c.fonte == t.fonte && std::find(sources.begin(), sources.end(), c.fonte) == sources.end())
+            sources.insert(sources.begin(), c.fonte);
+    }
+    for (const Cifra& c : cifre) {
+        if (std::find(sources.begin(), sources.end(), c.fonte) == sources.end())
+            sources.push_back(c.fonte);
+    }
+    return sources;
 }
 
 void printTables(Context& context, const ParametriOptions& options)
@@ -165,7 +189,7 @@ void printTable(Context& context, const ParametriOptions& options)
         throw CommandError("La versione " + version + " dei parametri non ha la tabella " + number +
                            " tra le cifre caricate");
     if (context.json) {
-        *context.out << nlohmann::ordered_json{{"risultato", tableJson(*t, true)}}.dump() << '\n';
+        *context.out << nlohmann::ordered_json{{"risultato", tableJson(*t, true, options.provenienza)}}.dump() << '\n';
         return;
     }
     *context.out << "Tabella " << t->numero << " - " << t->titolo << " (versione " << t->versione << ", affidabilità "
@@ -181,49 +205,65 @@ void printTable(Context& context, const ParametriOptions& options)
     }
     if (!t->nota.empty())
         *context.out << "Nota: " << t->nota << '\n';
-    *context.out << "Fonte: " << t->fonte << '\n';
+    for (const std::string& source : parametri::fontiBrevi(*t, t->cifre))
+        *context.out << "Fonte: " << source << '\n';
+    if (options.provenienza) {
+        *context.out << "\nProvenienza delle cifre:\n";
+        for (const std::string& source : fullSources(*t, t->cifre))
+            *context.out << "  " << source << '\n';
+    }
 }
 
-nlohmann::ordered_json resultJson(const parametri::Risultato& r)
+nlohmann::ordered_json resultJson(const parametri::Risultato& r, bool provenance)
 {
     auto phases = nlohmann::ordered_json::array();
-    for (const parametri::FaseCalcolata& f : r.fasi)
-        phases.push_back({{"fase", f.fase},
-                          {"cifra", testoImportoPunto(f.cifra)},
-                          {"medio", testoImportoPunto(f.medio)},
-                          {"minimo", testoImportoPunto(f.minimo)},
-                          {"massimo", testoImportoPunto(f.massimo)},
-                          {"percentuale", parametri::testoPercentuale(f.percentuale)},
-                          {"scelto", testoImportoPunto(f.scelto)},
-                          {"fonteCifra", f.fonteCifra},
-                          {"regolaMedio", f.regolaMedio},
-                          {"regolaLimiti", f.regolaLimiti},
-                          {"regolaScelto", f.regolaScelto}});
-    return {{"versione", r.versione},
-            {"decreto", r.decreto},
-            {"tabella", r.tabella},
-            {"titolo", r.titolo},
-            {"affidabilita", r.affidabilita},
-            {"verificata", r.verificata},
-            {"valore", r.valore},
-            {"scaglione", r.scaglione},
-            {"regolaScaglione", r.regolaScaglione},
-            {"raddoppi", r.raddoppi},
-            {"fasi", phases},
-            {"sommaFasi", testoImportoPunto(r.sommaFasi)},
-            {"clienti", r.clienti},
-            {"percentualeClienti", parametri::testoPercentuale(r.percentualeClienti)},
-            {"aumentoClienti", testoImportoPunto(r.aumentoClienti)},
-            {"regolaClienti", r.regolaClienti},
-            {"compenso", testoImportoPunto(r.compenso)},
-            {"speseGenerali", testoImportoPunto(r.speseGenerali)},
-            {"regolaSpeseGenerali", r.regolaSpeseGenerali},
-            {"totale", testoImportoPunto(r.totale)},
-            {"avvertenze", r.avvertenze},
-            {"fonteTabella", r.fonteTabella}};
+    for (const parametri::FaseCalcolata& f : r.fasi) {
+        nlohmann::ordered_json phase{{"fase", f.fase},
+                                     {"cifra", testoImportoPunto(f.cifra)},
+                                     {"medio", testoImportoPunto(f.medio)},
+                                     {"minimo", testoImportoPunto(f.minimo)},
+                                     {"massimo", testoImportoPunto(f.massimo)},
+                                     {"percentuale", parametri::testoPercentuale(f.percentuale)},
+                                     {"scelto", testoImportoPunto(f.scelto)},
+                                     {"fonteCifra", f.fonteCifra},
+                                     {"regolaMedio", f.regolaMedio},
+                                     {"regolaLimiti", f.regolaLimiti},
+                                     {"regolaScelto", f.regolaScelto}};
+        if (provenance)
+            phase["provenienza"] = f.provenienza;
+        phases.push_back(phase);
+    }
+    nlohmann::ordered_json json{{"versione", r.versione},
+                                {"decreto", r.decreto},
+                                {"tabella", r.tabella},
+                                {"titolo", r.titolo},
+                                {"affidabilita", r.affidabilita},
+                                {"verificata", r.verificata},
+                                {"valore", r.valore},
+                                {"scaglione", r.scaglione},
+                                {"regolaScaglione", r.regolaScaglione},
+                                {"raddoppi", r.raddoppi},
+                                {"fasi", phases},
+                                {"sommaMinimi", testoImportoPunto(r.sommaMinimi)},
+                                {"sommaMedi", testoImportoPunto(r.sommaMedi)},
+                                {"sommaMassimi", testoImportoPunto(r.sommaMassimi)},
+                                {"sommaFasi", testoImportoPunto(r.sommaFasi)},
+                                {"clienti", r.clienti},
+                                {"percentualeClienti", parametri::testoPercentuale(r.percentualeClienti)},
+                                {"aumentoClienti", testoImportoPunto(r.aumentoClienti)},
+                                {"regolaClienti", r.regolaClienti},
+                                {"compenso", testoImportoPunto(r.compenso)},
+                                {"speseGenerali", testoImportoPunto(r.speseGenerali)},
+                                {"regolaSpeseGenerali", r.regolaSpeseGenerali},
+                                {"totale", testoImportoPunto(r.totale)},
+                                {"avvertenze", r.avvertenze},
+                                {"fonti", r.fonti}};
+    if (provenance)
+        json["provenienza"] = r.provenienza;
+    return json;
 }
 
-void printResult(Context& context, const parametri::Risultato& r)
+void printResult(Context& context, const parametri::Risultato& r, bool provenance)
 {
     std::ostream& out = *context.out;
     out << "Parametri forensi, versione " << r.versione << ": " << r.decreto << '\n';
@@ -233,17 +273,23 @@ void printResult(Context& context, const parametri::Risultato& r)
     std::size_t name = 30;
     for (const auto& f : r.fasi)
         name = std::max(name, width(f.fase));
-    out << padRight("Fase", name) << padLeft("Minimo", 12) << padLeft("Medio", 12) << padLeft("Massimo", 12)
-        << padLeft("%", 9) << padLeft("Importo", 13) << '\n';
+    const auto row = [&](const std::string& label, const std::string& minimum, const std::string& average,
+                         const std::string& maximum, const std::string& percent, const std::string& chosen) {
+        out << padRight(label, name) << padLeft(minimum, 12) << padLeft(average, 12) << padLeft(maximum, 12)
+            << padLeft(percent, 9) << padLeft(chosen, 13) << '\n';
+    };
+    row("Fase", "Minimo", "Medio", "Massimo", "%", "Importo");
     for (const auto& f : r.fasi)
-        out << padRight(f.fase, name) << padLeft(testoImporto(f.minimo), 12) << padLeft(testoImporto(f.medio), 12)
-            << padLeft(testoImporto(f.massimo), 12) << padLeft(parametri::testoPercentuale(f.percentuale), 9)
-            << padLeft(testoImporto(f.scelto), 13) << '\n';
+        row(f.fase, testoImporto(f.minimo), testoImporto(f.medio), testoImporto(f.massimo),
+            parametri::testoPercentuale(f.percentuale), testoImporto(f.scelto));
+    // The phases summed at their minimum, average and maximum, as the
+    // published tables give them, beside the sum of the chosen amounts.
+    row("Somma delle fasi", testoImporto(r.sommaMinimi), testoImporto(r.sommaMedi), testoImporto(r.sommaMassimi), "",
+        testoImporto(r.sommaFasi));
     const std::size_t total = name + 58;
     const auto line = [&](const std::string& label, Currency amount) {
         out << padRight(label, total - 13) << padLeft(testoImporto(amount), 13) << '\n';
     };
-    line("Somma delle fasi", r.sommaFasi);
     if (r.clienti > 1)
         line("Aumento per " + std::to_string(r.clienti) + " clienti (" +
                  parametri::testoPercentuale(r.percentualeClienti) + ")",
@@ -252,17 +298,35 @@ void printResult(Context& context, const parametri::Risultato& r)
     line("Spese generali (15%)", r.speseGenerali);
     line("Totale (senza CPA e IVA)", r.totale);
     out << "\nDa dove viene ogni numero:\n";
+    // Limits the phases share are said once.
+    const bool sameLimits = std::all_of(r.fasi.begin(), r.fasi.end(), [&](const parametri::FaseCalcolata& f) {
+        return f.regolaLimiti == r.fasi.front().regolaLimiti;
+    });
+    if (sameLimits && !r.fasi.empty())
+        out << "  Limiti di ogni fase: " << r.fasi.front().regolaLimiti << '\n';
     for (const auto& f : r.fasi) {
-        out << "  " << f.fase << ": " << f.regolaMedio << "; limiti: " << f.regolaLimiti
+        out << "  " << f.fase << ": " << f.regolaMedio << (sameLimits ? "" : "; limiti: " + f.regolaLimiti)
             << "; importo: " << f.regolaScelto << '\n';
     }
     if (r.clienti > 1)
         out << "  Clienti: " << r.regolaClienti << '\n';
     out << "  Spese generali: " << r.regolaSpeseGenerali << '\n';
-    out << "  Cifre: tabella " << r.tabella << " della versione " << r.versione << ", scaglione " << r.scaglione << "; "
-        << r.fonteTabella << '\n';
+    for (const std::string& source : r.fonti)
+        out << "Fonte: " << source << '\n';
     for (const std::string& warning : r.avvertenze)
         out << "Attenzione: " << warning << '\n';
+    if (provenance) {
+        out << "\nProvenienza delle cifre:\n";
+        for (const auto& f : r.fasi)
+            out << "  " << f.fonteCifra << '\n';
+        std::vector<std::string> sources{r.provenienza};
+        for (const auto& f : r.fasi) {
+            if (std::find(sources.begin(), sources.end(), f.provenienza) == sources.end())
+                sources.push_back(f.provenienza);
+        }
+        for (const std::string& source : sources)
+            out << "  " << source << '\n';
+    }
 }
 
 void price(Context& context, const ParametriOptions& options)
@@ -294,10 +358,10 @@ void price(Context& context, const ParametriOptions& options)
     context.openPracticeDatabase();
     const parametri::Risultato result = parametri::calcola(parametri::leggiParametri(), request);
     if (context.json) {
-        *context.out << nlohmann::ordered_json{{"risultato", resultJson(result)}}.dump() << '\n';
+        *context.out << nlohmann::ordered_json{{"risultato", resultJson(result, options.provenienza)}}.dump() << '\n';
         return;
     }
-    printResult(context, result);
+    printResult(context, result, options.provenienza);
 }
 
 } // namespace
@@ -317,6 +381,8 @@ void addParametriCommand(CLI::App& app, Context& context)
     mostra->add_option("--tabella", options->tabella, "Table number, e.g. 2 or 25-bis")->required();
     mostra->add_option("--versione", options->versione, "2014, 2018 or 2022 (default: the version in force)");
     mostra->add_option("--data", options->data, "The version in force on this day (DD/MM/YYYY)");
+    mostra->add_flag("--provenienza", options->provenienza,
+                     "Also the full provenance of the figures, as the shipped files give it");
     mostra->callback([&context, options] { printTable(context, *options); });
 
     auto* calcola = command->add_subcommand(
@@ -336,6 +402,8 @@ void addParametriCommand(CLI::App& app, Context& context)
     calcola->add_option("--percentuale", options->percentuali,
                         "Raise or lower a phase over its average, e.g. istruttoria=+20 (repeatable)");
     calcola->add_option("--clienti", options->clienti, "Number of clients with the same position (default 1)");
+    calcola->add_flag("--provenienza", options->provenienza,
+                      "Also the figure each phase was priced from and its full provenance");
     calcola->callback([&context, options] { price(context, *options); });
 
     auto* importa = command->add_subcommand(
@@ -348,8 +416,8 @@ void addParametriCommand(CLI::App& app, Context& context)
         std::error_code sizeError;
         const auto size = std::filesystem::file_size(options->file, sizeError);
         if (!sizeError && size > MaxImportBytes)
-            throw CommandError(options->file + " holds " + std::to_string(size) +
-                               " bytes; a parameters file may hold at most 16 MiB");
+            throw CommandError(options->file + " contiene " + std::to_string(size) +
+                               " byte; un file di parametri ne può contenere al massimo 16 MiB");
         context.openPracticeDatabase();
         const parametri::Caricamento result = parametri::importaFileParametri(options->file);
         if (context.json) {
@@ -361,8 +429,8 @@ void addParametriCommand(CLI::App& app, Context& context)
                          << '\n';
             return;
         }
-        *context.out << "Imported " << result.cifre << " figures (" << result.sostituite << " replaced, "
-                     << result.tabelle << " new tables)\n";
+        *context.out << "Cifre importate: " << result.cifre << " (sostituite " << result.sostituite
+                     << ", tabelle nuove " << result.tabelle << ")\n";
     });
 
     auto* esporta = command->add_subcommand("esporta", "Write every figure with its source as a CSV file");

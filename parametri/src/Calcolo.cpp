@@ -65,8 +65,75 @@ std::string elenco(const std::vector<std::string>& names)
     return result;
 }
 
+// The words of a phase's name, whole: "Corte di assise d'appello - Fase
+// decisionale" -> corte, di, assise, d, appello, fase, decisionale.
+std::set<std::string> paroleIntere(std::string_view text)
+{
+    std::set<std::string> result;
+    std::string word;
+    for (const char c : lowerAscii(text) + ' ') {
+        if (c == ' ' || c == '-' || c == ',' || c == '/' || c == '\'' || c == '(' || c == ')') {
+            if (!word.empty())
+                result.insert(word);
+            word.clear();
+        } else {
+            word += c;
+        }
+    }
+    return result;
+}
+
+bool contiene(const std::set<std::string>& tutte, const std::set<std::string>& alcune)
+{
+    return std::includes(tutte.begin(), tutte.end(), alcune.begin(), alcune.end());
+}
+
+// The authority a criminal phase belongs to: "Corte di assise" in "Corte di
+// assise - Fase decisionale"; empty for a phase without one.
+std::string autorita(const std::string& fase)
+{
+    const auto dash = fase.find(" - ");
+    return dash == std::string::npos ? std::string() : fase.substr(0, dash);
+}
+
+// Of the phases whose names all hold the words asked, the one meant: the
+// phase of the authority the words name in full (the one named with most
+// words, when a longer name holds a shorter one), then the name every other
+// one only adds words to. Those left when neither decides.
+std::vector<std::string> restringi(std::vector<std::string> matching, const std::string& indicazione)
+{
+    const std::set<std::string> asked = paroleIntere(indicazione);
+    std::vector<std::string> named;
+    for (const std::string& fase : matching) {
+        const std::string a = autorita(fase);
+        if (!a.empty() && contiene(asked, paroleIntere(a)))
+            named.push_back(fase);
+    }
+    if (!named.empty()) {
+        std::vector<std::string> fullest;
+        for (const std::string& fase : named) {
+            const std::set<std::string> mine = paroleIntere(autorita(fase));
+            const bool outdone = std::any_of(named.begin(), named.end(), [&](const std::string& other) {
+                const std::set<std::string> theirs = paroleIntere(autorita(other));
+                return theirs.size() > mine.size() && contiene(theirs, mine);
+            });
+            if (!outdone)
+                fullest.push_back(fase);
+        }
+        matching = fullest;
+    }
+    for (const std::string& fase : matching) {
+        const std::set<std::string> mine = paroleIntere(fase);
+        if (std::all_of(matching.begin(), matching.end(),
+                        [&](const std::string& other) { return contiene(paroleIntere(other), mine); }))
+            return {fase};
+    }
+    return matching;
+}
+
 // The phase of `tabella` that `indicazione` names: its whole name (any
-// letter case), or words each found in exactly one phase's name.
+// letter case), or words that its name holds (restringi picks among several
+// names that hold them).
 std::string trovaFase(const Tabella& tabella, const std::string& indicazione)
 {
     const std::vector<std::string> all = tabella.fasi();
@@ -84,11 +151,12 @@ std::string trovaFase(const Tabella& tabella, const std::string& indicazione)
                 matching.push_back(fase);
         }
     }
-    if (matching.size() == 1)
-        return matching.front();
     if (matching.empty())
         throw ParametriError("La tabella " + tabella.numero + " (versione " + tabella.versione + ") non ha una fase «" +
                              indicazione + "»; le sue fasi sono: " + elenco(all));
+    matching = restringi(matching, indicazione);
+    if (matching.size() == 1)
+        return matching.front();
     throw ParametriError("«" + indicazione + "» indica più fasi della tabella " + tabella.numero + " (versione " +
                          tabella.versione + "): " + elenco(matching) + "; indicarne una sola");
 }
@@ -202,7 +270,7 @@ std::string fonteCifra(const Tabella& t, const Cifra& c)
 {
     return "tabella " + t.numero + ", versione " + t.versione + ", " +
         (c.da ? "scaglione " + parametri::testoScaglione(c) : std::string("senza scaglioni")) + ", fase «" + c.fase +
-        "»: " + testoImporto(c.valoreMedio) + " € (affidabilità " + c.affidabilita + "; " + c.fonte + ")";
+        "»: " + testoImporto(c.valoreMedio) + " € (affidabilità " + c.affidabilita + ")";
 }
 
 } // namespace
@@ -306,7 +374,7 @@ Risultato calcola(const Catalogo& catalogo, const Richiesta& richiesta)
     r.titolo = t.titolo;
     r.affidabilita = t.affidabilita;
     r.verificata = t.verificata;
-    r.fonteTabella = t.fonte;
+    r.provenienza = t.fonte;
     if (t.affidabilita != "alta")
         r.avvertenze.push_back("Le cifre della tabella " + numero + " (versione " + versioneNome +
                                ") hanno affidabilità " + t.affidabilita + (t.nota.empty() ? "" : ": " + t.nota));
@@ -408,6 +476,7 @@ Risultato calcola(const Catalogo& catalogo, const Richiesta& richiesta)
         percentuali[fase] = valore;
     }
 
+    std::vector<Cifra> usate;
     for (const std::string& fase : fasi) {
         const auto cifra = std::find_if(t.cifre.begin(), t.cifre.end(), [&](const Cifra& x) {
             return x.fase == fase && (!scelto || (x.da && x.a && *x.da == scelto->da && *x.a == scelto->a));
@@ -428,6 +497,8 @@ Risultato calcola(const Catalogo& catalogo, const Richiesta& richiesta)
         f.fase = fase;
         f.cifra = cifra->valoreMedio;
         f.fonteCifra = fonteCifra(t, *cifra);
+        f.provenienza = cifra->fonte;
+        usate.push_back(*cifra);
         std::int64_t num = 1;
         std::int64_t den = 1;
         for (int i = 0; i < r.raddoppi; ++i) {
@@ -444,9 +515,13 @@ Risultato calcola(const Catalogo& catalogo, const Richiesta& richiesta)
         f.percentuale = p;
         f.scelto = piuPercento(f.medio, p);
         f.regolaScelto = p == 0 ? "valore medio" : "valore medio " + testoPercentuale(p) + " (" + l.articolo + ")";
+        r.sommaMinimi = r.sommaMinimi + f.minimo;
+        r.sommaMedi = r.sommaMedi + f.medio;
+        r.sommaMassimi = r.sommaMassimi + f.massimo;
         r.sommaFasi = r.sommaFasi + f.scelto;
         r.fasi.push_back(f);
     }
+    r.fonti = fontiBrevi(t, usate);
 
     r.clienti = richiesta.clienti;
     if (richiesta.clienti > 1) {

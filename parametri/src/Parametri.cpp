@@ -18,15 +18,17 @@ std::string lowerAscii(std::string_view text)
     return result;
 }
 
-// The count of cents of `importo`, halves to even: the one rounding an
-// amount gets, when a person or a file reads it.
+// The count of cents of `importo`, halves away from zero (65,625 -> 65,63),
+// the rounding of invoices and of every published fee computation: the one
+// rounding an amount gets, when a person or a file reads it. Currency keeps
+// ten-thousandths and rounds halves to even in its own arithmetic, which is
+// right inside a computation and wrong on a page.
 std::int64_t centesimi(Currency importo)
 {
     const std::int64_t raw = importo.raw();
     std::int64_t cents = raw / 100;
     const std::int64_t rest = raw % 100;
-    const std::int64_t size = rest < 0 ? -rest : rest;
-    if (size > 50 || (size == 50 && cents % 2 != 0))
+    if ((rest < 0 ? -rest : rest) >= 50)
         cents += raw < 0 ? -1 : 1;
     return cents;
 }
@@ -51,12 +53,12 @@ std::string twoDigits(std::int64_t value) { return (value < 10 ? "0" : "") + std
 const std::vector<Versione>& versioni()
 {
     static const std::vector<Versione> all = {
-        {"2014", "D.M. 10 marzo 2014 n. 55, testo originale (GU n. 77 del 2-4-2014)", Date::fromYmd(2014, 4, 3),
-         Date::fromYmd(2018, 4, 26)},
+        {"2014", "D.M. 10 marzo 2014 n. 55, testo originale (GU n. 77 del 2-4-2014)", "D.M. 55/2014, testo originale",
+         Date::fromYmd(2014, 4, 3), Date::fromYmd(2018, 4, 26)},
         {"2018", "D.M. 55/2014 come modificato dal D.M. 8 marzo 2018 n. 37 (GU n. 96 del 26-4-2018)",
-         Date::fromYmd(2018, 4, 27), Date::fromYmd(2022, 10, 22)},
+         "D.M. 55/2014 come modificato dal D.M. 37/2018", Date::fromYmd(2018, 4, 27), Date::fromYmd(2022, 10, 22)},
         {"2022", "D.M. 55/2014 come modificato dal D.M. 13 agosto 2022 n. 147 (GU n. 236 dell'8-10-2022)",
-         Date::fromYmd(2022, 10, 23), std::nullopt},
+         "D.M. 55/2014 come modificato dal D.M. 147/2022", Date::fromYmd(2022, 10, 23), std::nullopt},
     };
     return all;
 }
@@ -157,6 +159,46 @@ std::string testoScaglione(const Cifra& cifra)
     if (!cifra.da || !cifra.a)
         return "senza scaglioni";
     return testoImporto(*cifra.da) + " - " + testoImporto(*cifra.a) + " €";
+}
+
+std::vector<std::string> fontiBrevi(const Tabella& tabella, const std::vector<Cifra>& cifre)
+{
+    const std::string head = std::string(versione(tabella.versione).decretoBreve) + ", tabella " + tabella.numero +
+        ", versione " + tabella.versione;
+    const std::string unverified = tabella.verificata ? "" : ", non verificata";
+    // A table the firm's import added has no source of the decree's own:
+    // its figures are named by where they came from, like any other import.
+    const bool imported = tabella.fonte.rfind(FonteImportata, 0) == 0;
+    std::vector<std::string> result;
+    if (!imported && std::any_of(cifre.begin(), cifre.end(), [&](const Cifra& c) { return c.fonte == tabella.fonte; }))
+        result.push_back(head + ", affidabilità " + tabella.affidabilita + unverified);
+    // The other sources in the order their first figure comes.
+    std::vector<std::pair<std::string, std::string>> others;
+    std::vector<std::size_t> counts;
+    for (const Cifra& c : cifre) {
+        if (!imported && c.fonte == tabella.fonte)
+            continue;
+        const std::pair<std::string, std::string> key{c.fonte, c.affidabilita};
+        const auto found = std::find(others.begin(), others.end(), key);
+        if (found == others.end()) {
+            others.push_back(key);
+            counts.push_back(1);
+        } else {
+            ++counts[static_cast<std::size_t>(found - others.begin())];
+        }
+    }
+    for (std::size_t i = 0; i < others.size(); ++i) {
+        std::string origin = others[i].first;
+        // A source written as "Fonte: ..." is not named twice.
+        if (lowerAscii(origin).rfind("fonte:", 0) == 0) {
+            const auto text = origin.find_first_not_of(' ', 6);
+            origin = text == std::string::npos ? std::string() : origin.substr(text);
+        }
+        result.push_back(head + ", " + std::to_string(counts[i]) + (counts[i] == 1 ? " cifra" : " cifre") +
+                         (origin.empty() ? std::string(" senza fonte indicata") : " da «" + origin + "»") +
+                         ", affidabilità " + others[i].second + unverified);
+    }
+    return result;
 }
 
 } // namespace avlor::parametri

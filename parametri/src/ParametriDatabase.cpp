@@ -161,7 +161,7 @@ Catalogo leggiParametri()
 
 Caricamento importaParametri(std::string_view testo, const std::string& origine)
 {
-    const std::string fonte = "File importato: " + origine;
+    const std::string fonte = std::string(FonteImportata) + origine;
     std::vector<RigaImportata> rows;
     try {
         rows = leggiFileParametri(testo, fonte);

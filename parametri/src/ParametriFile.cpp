@@ -132,6 +132,10 @@ std::map<std::pair<std::string, std::string>, Affidabilita> readTrust(std::strin
         if (record->isBlank())
             continue;
         std::vector<std::string> row = cells(*record);
+        // A note may hold the separator itself ("...; nessuna fonte
+        // indipendente"): what follows the fourth column is all note.
+        for (std::size_t i = 5; i < row.size(); ++i)
+            row[4] += "; " + row[i];
         row.resize(5);
         result[{row[0], row[1]}] = {row[2], row[3] == "si", row[4]};
     }

@@ -3,6 +3,7 @@
 // status 1, and an import that a bad cell leaves without effect.
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
@@ -48,6 +49,35 @@ std::vector<std::string> with(std::vector<std::string> words, const std::vector<
     return words;
 }
 
+// The line of `text` that begins with `label`, or "(assente)".
+std::string lineOf(const std::string& text, const std::string& label)
+{
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.rfind(label, 0) == 0)
+            return line;
+    }
+    return "(assente)";
+}
+
+// The words of a line, blanks between them taken as one.
+std::vector<std::string> wordsOf(const std::string& line)
+{
+    std::istringstream in(line);
+    std::vector<std::string> result;
+    for (std::string word; in >> word;)
+        result.push_back(word);
+    return result;
+}
+
+std::size_t count(const std::string& text, const std::string& what)
+{
+    std::size_t found = 0;
+    for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + 1))
+        ++found;
+    return found;
+}
+
 TEST_F(ParametriCommand, ListsTheVersionsAndTables)
 {
     const auto listed = run({"parametri", "tabelle", "--data", "15/03/2024", "--json"});
@@ -80,6 +110,107 @@ TEST_F(ParametriCommand, PricesOnTheTerminalAndAsJson)
     EXPECT_EQ(result["totale"], "14678.05");
 }
 
+// Beside the sum of the chosen amounts, the sums of the phases at their
+// minimum, average and maximum, as published tables give them.
+TEST_F(ParametriCommand, SumsTheMinimaAveragesAndMaxima)
+{
+    const auto shown = run(with(Price, {"--percentuale", "istruttoria=+20"}));
+    ASSERT_EQ(shown.status, 0) << shown.err;
+    EXPECT_EQ(wordsOf(lineOf(shown.out, "Somma delle fasi")),
+              (std::vector<std::string>{"Somma", "delle", "fasi", "3.808,00", "7.616,00", "11.424,00", "7.977,20"}))
+        << shown.out;
+    const auto json = run(with(Price, {"--percentuale", "istruttoria=+20", "--json"}));
+    ASSERT_EQ(json.status, 0) << json.err;
+    const auto result = nlohmann::json::parse(json.out)["risultato"];
+    EXPECT_EQ(result["sommaMinimi"], "3808.00");
+    EXPECT_EQ(result["sommaMedi"], "7616.00");
+    EXPECT_EQ(result["sommaMassimi"], "11424.00");
+    EXPECT_EQ(result["sommaFasi"], "7977.20");
+}
+
+// 15 % of 437,50 is 65,625: shown, it reads 65,63, as on an invoice.
+TEST_F(ParametriCommand, ShownAmountsRoundHalvesUp)
+{
+    const std::vector<std::string> half = {"parametri", "calcola", "--data",        "15/03/2016",
+                                           "--tabella", "2",       "--valore",      "10000",
+                                           "--fasi",    "studio",  "--percentuale", "studio=-50"};
+    const auto shown = run(half);
+    ASSERT_EQ(shown.status, 0) << shown.err;
+    EXPECT_EQ(wordsOf(lineOf(shown.out, "Compenso")).back(), "437,50") << shown.out;
+    EXPECT_EQ(wordsOf(lineOf(shown.out, "Spese generali (15%)")).back(), "65,63") << shown.out;
+    EXPECT_EQ(wordsOf(lineOf(shown.out, "Totale (senza CPA e IVA)")).back(), "503,13") << shown.out;
+    const auto json = run(with(half, {"--json"}));
+    ASSERT_EQ(json.status, 0) << json.err;
+    const auto result = nlohmann::json::parse(json.out)["risultato"];
+    EXPECT_EQ(result["speseGenerali"], "65.63");
+    EXPECT_EQ(result["totale"], "503.13");
+}
+
+// Under a result one short line says where its figures come from; the full
+// provenance only when asked for.
+TEST_F(ParametriCommand, OneSourceLineAndTheFullProvenanceOnRequest)
+{
+    const std::string source =
+        "Fonte: D.M. 55/2014 come modificato dal D.M. 147/2022, tabella 2, versione 2022, affidabilità alta";
+    const auto priced = run(Price);
+    ASSERT_EQ(priced.status, 0) << priced.err;
+    EXPECT_EQ(lineOf(priced.out, "Fonte:"), source);
+    EXPECT_EQ(count(priced.out, "Fonte:"), 1U) << priced.out;
+    for (const std::string word : {"github", "commit", "blob", "foroeuropeo", "Provenienza"})
+        EXPECT_EQ(priced.out.find(word), std::string::npos) << word << "\n" << priced.out;
+    const auto full = run(with(Price, {"--provenienza"}));
+    ASSERT_EQ(full.status, 0) << full.err;
+    EXPECT_EQ(lineOf(full.out, "Fonte:"), source);
+    EXPECT_NE(
+        full.out.find("\nProvenienza delle cifre:\n  tabella 2, versione 2022, scaglione 26.000,01 - 52.000,00 €, "
+                      "fase «Fase di studio della controversia»: 1.701,00 € (affidabilità alta)\n"),
+        std::string::npos)
+        << full.out;
+    EXPECT_NE(full.out.find("foroeuropeo"), std::string::npos);
+
+    const auto json = run(with(Price, {"--json"}));
+    const auto result = nlohmann::json::parse(json.out)["risultato"];
+    EXPECT_EQ(result["fonti"],
+              nlohmann::json::array(
+                  {"D.M. 55/2014 come modificato dal D.M. 147/2022, tabella 2, versione 2022, affidabilità alta"}));
+    EXPECT_FALSE(result.contains("provenienza"));
+    EXPECT_FALSE(result["fasi"][0].contains("provenienza"));
+    const auto fullJson = nlohmann::json::parse(run(with(Price, {"--json", "--provenienza"})).out)["risultato"];
+    EXPECT_NE(fullJson["provenienza"].get<std::string>().find("foroeuropeo"), std::string::npos);
+    EXPECT_EQ(fullJson["fasi"][0]["provenienza"], fullJson["provenienza"]);
+
+    const auto table = run({"parametri", "mostra", "--tabella", "3", "--versione", "2022"});
+    ASSERT_EQ(table.status, 0) << table.err;
+    EXPECT_EQ(lineOf(table.out, "Fonte:"),
+              "Fonte: D.M. 55/2014 come modificato dal D.M. 147/2022, tabella 3, versione 2022, affidabilità media");
+    EXPECT_EQ(lineOf(table.out, "Nota:"), "Nota: Coerente con le cifre 2018 x 1,05; nessuna fonte indipendente");
+    EXPECT_EQ(count(table.out, "Fonte:"), 1U) << table.out;
+    EXPECT_EQ(table.out.find("github"), std::string::npos) << table.out;
+    const auto tableFull = run({"parametri", "mostra", "--tabella", "3", "--versione", "2022", "--provenienza"});
+    ASSERT_EQ(tableFull.status, 0) << tableFull.err;
+    EXPECT_NE(tableFull.out.find("\nProvenienza delle cifre:\n  Fonte: file dati di un calcolatore aperto"),
+              std::string::npos)
+        << tableFull.out;
+    const auto tableJson =
+        nlohmann::json::parse(run({"parametri", "mostra", "--tabella", "3", "--versione", "2022", "--json"}).out);
+    EXPECT_EQ(tableJson["risultato"]["fonti"],
+              nlohmann::json::array(
+                  {"D.M. 55/2014 come modificato dal D.M. 147/2022, tabella 3, versione 2022, affidabilità media"}));
+    EXPECT_FALSE(tableJson["risultato"].contains("provenienza"));
+}
+
+// The criminal table's phases are named by an authority's words; the
+// README's example runs as written.
+TEST_F(ParametriCommand, CriminalPhasesByTheirAuthority)
+{
+    const auto priced = run({"parametri", "calcola", "--data", "10/05/2019", "--tabella", "15", "--fasi",
+                             "corte di assise studio,corte di assise decisionale"});
+    ASSERT_EQ(priced.status, 0) << priced.err;
+    EXPECT_EQ(wordsOf(lineOf(priced.out, "Corte di assise - Fase di studio")).back(), "720,00") << priced.out;
+    EXPECT_EQ(wordsOf(lineOf(priced.out, "Corte di assise - Fase decisionale")).back(), "2.700,00") << priced.out;
+    EXPECT_EQ(wordsOf(lineOf(priced.out, "Totale (senza CPA e IVA)")).back(), "3.933,00") << priced.out;
+}
+
 TEST_F(ParametriCommand, RefusalsAreOneLineWithStatusOne)
 {
     const auto early = run(
@@ -94,6 +225,36 @@ TEST_F(ParametriCommand, RefusalsAreOneLineWithStatusOne)
     EXPECT_EQ(past.err,
               "avlor: error: L'aumento del 51% della fase «Fase di studio della controversia» supera il "
               "limite del 50% (art. 4 c.1 come modificato dal D.M. 147/2022, versione 2022)\n");
+}
+
+TEST_F(ParametriCommand, ValueAndIndeterminateValueTogetherAreRefused)
+{
+    const auto both = run(with(Price, {"--indeterminabile", "alta"}));
+    EXPECT_EQ(both.status, 1);
+    EXPECT_EQ(both.err, "avlor: error: Indicare il valore della causa oppure che è indeterminabile, non entrambi\n");
+    const auto alone = run({"parametri", "calcola", "--data", "15/03/2024", "--tabella", "2", "--indeterminabile",
+                            "alta", "--fasi", "studio,introduttiva,istruttoria,decisionale"});
+    ASSERT_EQ(alone.status, 0) << alone.err;
+    EXPECT_EQ(wordsOf(lineOf(alone.out, "Compenso")).back(), "14.103,00") << alone.out;
+}
+
+// An import into a database of its own says what it did, in Italian.
+TEST_F(ParametriCommand, AnImportSaysWhatItDid)
+{
+    const std::string other = (folder / "importa.db").string();
+    ASSERT_EQ(test::runAvlor({"db", "init", other}, folder).status, 0);
+    const fs::path good = folder / "buono.csv";
+    std::ofstream(good) << "versione;tabella;scaglione_da;scaglione_a;fase;valore_medio;affidabilita;fonte\n"
+                           "2022;25;0,01;1100;Compenso;283,50;media;Studio Rossi\n"
+                           "2022;2;0,01;1100;Fase decisionale;540;alta;\n";
+    const auto imported = test::runAvlor({"--db", other, "parametri", "importa", good.string()}, folder);
+    ASSERT_EQ(imported.status, 0) << imported.err;
+    EXPECT_EQ(imported.out, "Cifre importate: 2 (sostituite 1, tabelle nuove 1)\n");
+    const auto shown = test::runAvlor({"--db", other, "parametri", "mostra", "--tabella", "2"}, folder);
+    EXPECT_EQ(lineOf(shown.out, "Fonte: D.M. 55/2014 come modificato dal D.M. 147/2022, tabella 2, versione 2022, 1"),
+              "Fonte: D.M. 55/2014 come modificato dal D.M. 147/2022, tabella 2, versione 2022, 1 cifra da «File "
+              "importato: buono.csv», affidabilità alta")
+        << shown.out;
 }
 
 TEST_F(ParametriCommand, ABadImportChangesNothing)

@@ -13,6 +13,7 @@
 #include "avlor/core/Messages.h"
 #include "avlor/data/DataError.h"
 #include "avlor/parametri/ParametriDatabase.h"
+#include "avlor/parametri/ParametriFile.h"
 
 namespace avlor {
 namespace {
@@ -91,7 +92,8 @@ TEST(LateBoundRegistry, EachClassOffersItsOperationsInDeclarationOrder)
         {"AvlorLogic.clsFatture", {"GetResiduoFattura"}},
         {"AvlorLogic.clsParametri",
          {"Calcola", "VersioneInVigore", "Versione", "Scaglione", "NumeroFasi", "NomeFase", "MedioFase", "MinimoFase",
-          "MassimoFase", "ImportoFase", "FonteFase", "Compenso", "SpeseGenerali", "Totale", "Avvertenze"}},
+          "MassimoFase", "ImportoFase", "FonteFase", "ProvenienzaFase", "Compenso", "SpeseGenerali", "Totale",
+          "Avvertenze"}},
     };
     for (const auto& [progId, methods] : expected) {
         auto object = CreateObject(progId);
@@ -123,7 +125,15 @@ TEST(LateBoundParametri, PricesAndExplainsEachPhase)
     EXPECT_EQ(std::get<Value>(object->invoke("NomeFase", third)).asText(), "Fase istruttoria e/o di trattazione");
     EXPECT_EQ(std::get<Value>(object->invoke("ImportoFase", third)).asCurrency(), Currency::fromText("2167.2"));
     EXPECT_EQ(std::get<Value>(object->invoke("MassimoFase", third)).asCurrency(), Currency::fromWhole(2709));
-    EXPECT_NE(std::get<Value>(object->invoke("FonteFase", third)).asText().find("foroeuropeo"), std::string::npos);
+    // The figure and its rules in a few words; its full source on request.
+    EXPECT_EQ(std::get<Value>(object->invoke("FonteFase", third)).asText(),
+              "tabella 2, versione 2022, scaglione 26.000,01 - 52.000,00 €, fase «Fase istruttoria e/o di "
+              "trattazione»: 1.806,00 € (affidabilità alta); valore medio della tabella; limiti: art. 4 c.1 come "
+              "modificato dal D.M. 147/2022: aumento fino al 50%, diminuzione non oltre il 50%, in ogni fase; "
+              "importo: valore medio +20% (art. 4 c.1 come modificato dal D.M. 147/2022)");
+    const std::string provenance = std::get<Value>(object->invoke("ProvenienzaFase", third)).asText();
+    EXPECT_EQ(provenance, parametri::catalogoSpedito().trova("2022", "2")->fonte);
+    EXPECT_NE(provenance.find("foroeuropeo"), std::string::npos);
     std::vector<Value> early = {Value::date(Date::fromYmd(2014, 4, 2)),
                                 Value::text("2"),
                                 Value::currency(Currency::fromWhole(30000)),

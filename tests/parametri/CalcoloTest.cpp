@@ -71,10 +71,60 @@ TEST(ParametriCalcolo, Tribunale2014AtTheAverage)
     EXPECT_EQ(r.fasi[2].massimo, euro("3440"));
     EXPECT_EQ(r.fasi[3].scelto, euro("2767"));
     expectTotals(r, "7254", "1088.10", "8342.10");
-    EXPECT_NE(r.fasi[0].fonteCifra.find("Gazzetta Ufficiale"), std::string::npos) << r.fasi[0].fonteCifra;
+    EXPECT_EQ(r.fasi[0].fonteCifra,
+              "tabella 2, versione 2014, scaglione 26.000,01 - 52.000,00 €, fase «Fase di studio della controversia»: "
+              "1.620,00 € (affidabilità alta)");
+    EXPECT_EQ(r.fasi[0].provenienza, catalogoSpedito().trova("2014", "2")->fonte);
+    EXPECT_EQ(r.provenienza, catalogoSpedito().trova("2014", "2")->fonte);
+    EXPECT_NE(r.provenienza.find("Gazzetta Ufficiale"), std::string::npos) << r.provenienza;
+    EXPECT_EQ(r.fonti,
+              (std::vector<std::string>{"D.M. 55/2014, testo originale, tabella 2, versione 2014, affidabilità alta"}));
     EXPECT_NE(r.fasi[2].regolaLimiti.find("art. 4 c.1, ultimo periodo"), std::string::npos);
     EXPECT_NE(r.regolaSpeseGenerali.find("art. 2 c.2"), std::string::npos);
     EXPECT_EQ(r.affidabilita, "alta");
+}
+
+// The phases summed at their minimum, average and maximum beside the sum
+// of the amounts chosen, each exact.
+TEST(ParametriCalcolo, SumsTheMinimaAveragesAndMaxima)
+{
+    Richiesta old = richiesta("15/03/2016", "2", "30000");
+    old.percentuali = {{"istruttoria", 2000}};
+    const Risultato r2014 = prezzo(old);
+    EXPECT_EQ(r2014.sommaMinimi, euro("3283"));
+    EXPECT_EQ(r2014.sommaMedi, euro("7254"));
+    EXPECT_EQ(r2014.sommaMassimi, euro("13401.2"));
+    EXPECT_EQ(r2014.sommaFasi, euro("7598"));
+    const Risultato r2022 = prezzo(richiesta("15/03/2024", "2", "30000"));
+    EXPECT_EQ(r2022.sommaMinimi, euro("3808"));
+    EXPECT_EQ(r2022.sommaMedi, euro("7616"));
+    EXPECT_EQ(r2022.sommaMassimi, euro("11424"));
+    const Risultato doubled = prezzo(richiesta("15/03/2024", "2", "1200000", {"studio", "introduttiva"}));
+    EXPECT_EQ(doubled.sommaMedi, euro("9940.58"));
+    EXPECT_EQ(doubled.sommaMinimi, euro("4970.29"));
+    EXPECT_EQ(doubled.sommaMassimi, euro("14910.87"));
+}
+
+// Invoices and published computations round to the cent with halves up:
+// 15 % of 437,50 is 65,625 and reads 65,63. The amounts stay exact.
+TEST(ParametriCalcolo, ShownAmountsRoundHalvesUp)
+{
+    EXPECT_EQ(testoImporto(euro("18976.165")), "18.976,17");
+    EXPECT_EQ(testoImportoPunto(euro("18976.165")), "18976.17");
+    EXPECT_EQ(testoImporto(euro("18976.1649")), "18.976,16");
+    EXPECT_EQ(testoImporto(euro("0.005")), "0,01");
+    EXPECT_EQ(testoImporto(euro("-65.625")), "-65,63");
+    EXPECT_EQ(testoImporto(euro("0.0049")), "0,00");
+    EXPECT_EQ(testoImporto(euro("1234567.89")), "1.234.567,89");
+
+    Richiesta r = richiesta("15/03/2016", "2", "10000", {"studio"});
+    r.percentuali = {{"studio", -5000}};
+    const Risultato half = prezzo(r);
+    EXPECT_EQ(half.compenso, euro("437.50"));
+    EXPECT_EQ(half.speseGenerali, euro("65.625"));
+    EXPECT_EQ(half.totale, euro("503.125"));
+    EXPECT_EQ(testoImporto(half.speseGenerali), "65,63");
+    EXPECT_EQ(testoImporto(half.totale), "503,13");
 }
 
 TEST(ParametriCalcolo, Tribunale2014AtTheLimits)
@@ -250,6 +300,41 @@ TEST(ParametriCalcolo, CriminalTableWithoutBrackets)
     EXPECT_EQ(r.scaglione, "senza scaglioni");
     EXPECT_EQ(r.compenso, euro("2160"));
     EXPECT_EQ(r.fasi[2].massimo, euro("1296")); // art. 12: +80 %, no special istruttoria range
+}
+
+// A criminal phase named by the words of one authority is that authority's,
+// even when a longer authority's name holds the same words; words that fit
+// several authorities alike are refused.
+TEST(ParametriCalcolo, PhaseNamedByTheWordsOfOneAuthority)
+{
+    const auto fase = [](const std::string& data, const std::string& tabella, const std::string& parole) {
+        return prezzo(richiesta(data, tabella, "", {parole})).fasi.at(0).fase;
+    };
+    EXPECT_EQ(fase("15/03/2016", "15", "corte di assise studio"),
+              "Corte di assise - Fase di studio della controversia");
+    EXPECT_EQ(fase("15/03/2016", "15", "Corte di assise decisionale"), "Corte di assise - Fase decisionale");
+    EXPECT_EQ(fase("15/03/2016", "15", "corte di assise d'appello studio"),
+              "Corte di assise d'appello - Fase di studio della controversia");
+    EXPECT_EQ(fase("15/03/2016", "15", "corte di assise d appello decisionale"),
+              "Corte di assise d'appello - Fase decisionale");
+    EXPECT_EQ(fase("10/05/2019", "15", "corte d'appello studio"),
+              "Corte d'appello - Fase di studio della controversia");
+    EXPECT_EQ(fase("15/03/2016", "15", "assise appello introduttiva"),
+              "Corte di assise d'appello - Fase introduttiva del giudizio");
+    // A name the others only add words to.
+    Richiesta tar = richiesta("15/03/2024", "21", "30000", {"cautelare"});
+    EXPECT_EQ(prezzo(tar).fasi.at(0).fase, "Fase cautelare");
+    tar.fasi = {"cautelare monocratica"};
+    EXPECT_EQ(prezzo(tar).fasi.at(0).fase, "Fase cautelare monocratica");
+
+    EXPECT_EQ(rifiuto(richiesta("15/03/2016", "15", "", {"tribunale studio"})),
+              "«tribunale studio» indica più fasi della tabella 15 (versione 2014): «Tribunale monocratico - Fase "
+              "di studio della controversia», «Tribunale collegiale - Fase di studio della controversia», «Tribunale "
+              "di sorveglianza - Fase di studio della controversia»; indicarne una sola");
+    EXPECT_EQ(rifiuto(richiesta("15/03/2016", "15", "", {"corte decisionale"})),
+              "«corte decisionale» indica più fasi della tabella 15 (versione 2014): «Corte di assise - Fase "
+              "decisionale», «Corte d'appello - Fase decisionale», «Corte di assise d'appello - Fase decisionale», "
+              "«Corte di cassazione e giurisdizioni superiori - Fase decisionale»; indicarne una sola");
 }
 
 TEST(ParametriCalcolo, Refusals)

@@ -1,5 +1,13 @@
 // The shipped figures as the program reads them: every version and table
 // with its count, provenance and confidence; and the import file's checks.
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <set>
+#include <sstream>
+
 #include <gtest/gtest.h>
 
 #include "avlor/parametri/ParametriFile.h"
@@ -57,6 +65,104 @@ TEST(ParametriSpediti, ProvenanceAndConfidence)
     EXPECT_EQ(c.trova("2022", "25"), nullptr);
     EXPECT_EQ(tribunale->cifre.front().affidabilita, "alta");
     EXPECT_EQ(tribunale->cifre.front().fonte, tribunale->fonte);
+}
+
+std::string lower(std::string text)
+{
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return text;
+}
+
+// A note that holds the separator is read whole.
+TEST(ParametriSpediti, NotesAreReadWhole)
+{
+    const Catalogo& c = catalogoSpedito();
+    EXPECT_EQ(c.trova("2022", "3")->nota, "Coerente con le cifre 2018 x 1,05; nessuna fonte indipendente");
+    EXPECT_EQ(c.trova("2022", "6")->nota, "Primo scaglione (0-5.200) non recuperato; coerente con 2018 x 1,05");
+    EXPECT_EQ(c.trova("2022", "21")->nota,
+              "Fase introduttiva = 2018 x 1,05 x 1,2, anomalia non risolta; fase cautelare monocratica non verificata");
+}
+
+// The shipped files speak of their sources only, and every file they send
+// the reader to ships beside them.
+TEST(ParametriSpediti, ShippedFilesNameOnlyTheirSourcesAndWhatShipsBesideThem)
+{
+    const std::filesystem::path folder = AVLOR_PARAMETRI_DIR;
+    std::size_t files = 0;
+    std::set<std::string> named;
+    const std::regex reference(R"(([A-Za-z_-]+\.md))");
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+        if (!entry.is_regular_file())
+            continue;
+        ++files;
+        std::ifstream in(entry.path(), std::ios::binary);
+        std::ostringstream text;
+        text << in.rdbuf();
+        const std::string content = lower(text.str());
+        for (const std::string word : {"corpus", "search index", "search tool", "indice di ricerca"})
+            EXPECT_EQ(content.find(word), std::string::npos) << entry.path() << " holds «" << word << "»";
+        if (entry.path().extension() != ".csv")
+            continue;
+        const std::string original = text.str();
+        for (std::sregex_iterator it(original.begin(), original.end(), reference), end; it != end; ++it)
+            named.insert((*it)[1].str());
+    }
+    EXPECT_EQ(files, 26U + 27U + 25U + 3U); // the tables, Affidabilita.csv, CROSSCHECK.md, DISCREPANCIES.md
+    EXPECT_EQ(named.count("CROSSCHECK.md"), 1U);
+    for (const std::string& name : named) {
+        if (name == "raw-research.md") // a file of the calculator's repository, named as its source
+            continue;
+        EXPECT_TRUE(std::filesystem::exists(folder / name)) << name << " is named but does not ship";
+    }
+    for (const Tabella& t : catalogoSpedito().tabelle) {
+        EXPECT_EQ(lower(t.fonte).find("corpus"), std::string::npos) << t.versione << " " << t.numero;
+        EXPECT_EQ(lower(t.nota).find("corpus"), std::string::npos) << t.versione << " " << t.numero;
+    }
+    const std::string fonte = catalogoSpedito().trova("2022", "3")->fonte;
+    EXPECT_NE(fonte.find("Verifica indipendente: nessuna fonte indipendente consultata riporta questa tabella;"),
+              std::string::npos)
+        << fonte;
+}
+
+// One short line per source of a set of figures: the decree, the table, the
+// version and the confidence; a figure from elsewhere names its source once.
+TEST(ParametriSpediti, ShortSourceLines)
+{
+    const Catalogo& c = catalogoSpedito();
+    const Tabella& tribunale = *c.trova("2022", "2");
+    EXPECT_EQ(fontiBrevi(tribunale, tribunale.cifre),
+              (std::vector<std::string>{
+                  "D.M. 55/2014 come modificato dal D.M. 147/2022, tabella 2, versione 2022, affidabilità alta"}));
+    const Tabella& penale = *c.trova("2022", "15");
+    EXPECT_EQ(fontiBrevi(penale, penale.cifre),
+              (std::vector<std::string>{"D.M. 55/2014 come modificato dal D.M. 147/2022, tabella 15, versione 2022, "
+                                        "affidabilità bassa, non verificata"}));
+    const Tabella& lavoro = *c.trova("2018", "3");
+    std::vector<Cifra> mixed = lavoro.cifre;
+    mixed[1].fonte = "Fonte: Studio Rossi, delibera del 2/2/2020";
+    mixed[1].affidabilita = "media";
+    mixed[4].fonte = mixed[1].fonte;
+    mixed[4].affidabilita = "media";
+    mixed[5].fonte = "File importato: correzioni.csv";
+    mixed[5].affidabilita = "bassa";
+    EXPECT_EQ(fontiBrevi(lavoro, mixed),
+              (std::vector<std::string>{
+                  "D.M. 55/2014 come modificato dal D.M. 37/2018, tabella 3, versione 2018, affidabilità alta",
+                  "D.M. 55/2014 come modificato dal D.M. 37/2018, tabella 3, versione 2018, 2 cifre da «Studio Rossi, "
+                  "delibera del 2/2/2020», affidabilità media",
+                  "D.M. 55/2014 come modificato dal D.M. 37/2018, tabella 3, versione 2018, 1 cifra da «File "
+                  "importato: correzioni.csv», affidabilità bassa"}));
+    // A table an import added has no source of the decree's own.
+    Tabella added;
+    added.versione = "2022";
+    added.numero = "25";
+    added.fonte = "File importato: studio.csv";
+    added.affidabilita = "media";
+    added.cifre = {{std::nullopt, std::nullopt, "Compenso", Currency::fromWhole(300), added.fonte, "media"}};
+    EXPECT_EQ(fontiBrevi(added, added.cifre),
+              (std::vector<std::string>{"D.M. 55/2014 come modificato dal D.M. 147/2022, tabella 25, versione 2022, "
+                                        "1 cifra da «File importato: studio.csv», affidabilità media"}));
 }
 
 TEST(ParametriFile, ExportReadsBackUnchanged)

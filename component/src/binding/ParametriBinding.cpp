@@ -2,7 +2,10 @@
 // of D.M. 55/2014 from the figures of the current practice database.
 //
 // Calcola prices and returns the grand total; the other operations read the
-// last result, phases numbered from 1 as hosts count them. A refusal (a day
+// last result, phases numbered from 1 as hosts count them. Amounts come back
+// exact; the texts round them to the cent as a person reads them. FonteFase
+// names the figure and the rules in a few words; ProvenienzaFase gives the
+// figure's full source, for a host that asks for it. A refusal (a day
 // before the decree, a figure that is missing, a percentage past its limit)
 // raises ParametriError with the reason in Italian.
 #include <memory>
@@ -123,6 +126,8 @@ std::unique_ptr<AutomationObject> makeClsParametri()
                  return Value::text(f.fonteCifra + "; " + f.regolaMedio + "; limiti: " + f.regolaLimiti +
                                     "; importo: " + f.regolaScelto);
              }},
+            {"ProvenienzaFase", 1,
+             [s](std::vector<Value>& a) -> DispatchResult { return Value::text(s->phase(a[0]).provenienza); }},
             {"Compenso", 0,
              [s](std::vector<Value>&) -> DispatchResult { return Value::currency(s->result().compenso); }},
             {"SpeseGenerali", 0,

@@ -6,8 +6,8 @@
 //
 // Amounts are kept exact to the ten-thousandth of a euro; percentages are
 // applied in whole arithmetic (hundredths of a percent), so no amount ever
-// passes through a binary fraction. Rounding to the cent is left to whoever
-// shows them (testoImporto).
+// passes through a binary fraction. Rounding to the cent, halves away from
+// zero, is left to whoever shows them (testoImporto).
 #include <map>
 #include <optional>
 #include <string>
@@ -38,7 +38,12 @@ struct Richiesta {
     std::optional<Currency> valore; // the value of the case
     std::optional<Indeterminabile> indeterminabile;
     // The phases done, each by its name in the table or by words of it
-    // ("studio", "introduttiva", "Corte di assise studio").
+    // ("studio", "introduttiva", "Corte di assise studio"). Words that more
+    // than one name holds pick the name the others only add words to
+    // ("cautelare": "Fase cautelare", not "Fase cautelare monocratica"), or
+    // the phase of the authority they name in full ("corte di assise
+    // studio": the Corte di assise, not the Corte di assise d'appello);
+    // anything else they fit more than once is refused as ambiguous.
     std::vector<std::string> fasi;
     // Raise (+) or lower (-) of a phase over its average, in hundredths of a
     // percent (+20 % = 2000), keyed like `fasi`.
@@ -54,7 +59,8 @@ struct FaseCalcolata {
     Currency massimo;
     int percentuale = 0; // hundredths of a percent
     Currency scelto;
-    std::string fonteCifra; // table, version, bracket, phase and source
+    std::string fonteCifra; // table, version, bracket, phase, figure and confidence
+    std::string provenienza; // the figure's full source, as its file gives it
     std::string regolaMedio;
     std::string regolaLimiti;
     std::string regolaScelto;
@@ -67,13 +73,17 @@ struct Risultato {
     std::string titolo;
     std::string affidabilita;
     bool verificata = true;
-    std::string fonteTabella;
+    std::vector<std::string> fonti; // one short line per source of the figures used (fontiBrevi)
+    std::string provenienza; // the table's full source, as its file gives it
     std::string valore; // as priced: the amount, or the indeterminate range taken
     std::string scaglione; // the bracket whose figures were used
     std::string regolaScaglione;
     int raddoppi = 0; // steps of +30 % for a value above 520.000 euro
     std::vector<FaseCalcolata> fasi;
-    Currency sommaFasi;
+    Currency sommaMinimi; // the phases at their minimum, at their average, at their maximum
+    Currency sommaMedi;
+    Currency sommaMassimi;
+    Currency sommaFasi; // the phases as chosen
     int clienti = 1;
     int percentualeClienti = 0; // hundredths of a percent
     Currency aumentoClienti;

@@ -33,6 +33,7 @@ public:
 struct Versione {
     std::string_view nome; // "2014", "2018", "2022"
     std::string_view decreto; // the text in force, for people
+    std::string_view decretoBreve; // the same in a few words, for a source line
     Date dal; // first day in force
     std::optional<Date> al; // last day in force; none for the version in force today
 };
@@ -71,6 +72,11 @@ struct Tabella {
     [[nodiscard]] std::vector<std::string> fasi() const;
 };
 
+// How the source of an imported figure that names none begins, followed by
+// the file's name ("File importato: correzioni.csv"); also the source of a
+// table an import added.
+inline constexpr std::string_view FonteImportata = "File importato: ";
+
 // Every table of every version that a firm has figures for.
 struct Catalogo {
     std::vector<Tabella> tabelle; // by version, then by table number
@@ -86,13 +92,23 @@ struct Catalogo {
 // ParametriError.
 [[nodiscard]] std::string numeroTabella(std::string_view testo);
 
-// An amount as a person reads it: rounded to the cent (halves to even),
-// Italian separators, "1.234,56".
+// An amount as a person reads it: rounded to the cent with halves away from
+// zero, as invoices and published computations round (18.976,165 ->
+// "18.976,17"), Italian separators. The amount itself stays exact.
 [[nodiscard]] std::string testoImporto(Currency importo);
-// The same rounding with a point and no separators, "1234.56": the form of
+// The same rounding with a point and no separators, "18976.17": the form of
 // the machine-readable outputs.
 [[nodiscard]] std::string testoImportoPunto(Currency importo);
 // A bracket as a person reads it: "26.000,01 - 52.000,00 €", "senza scaglioni".
 [[nodiscard]] std::string testoScaglione(const Cifra& cifra);
+
+// Where a set of figures comes from, in one short line per source: the
+// decree, the table, the version and the confidence ("D.M. 55/2014 come
+// modificato dal D.M. 147/2022, tabella 2, versione 2022, affidabilità
+// alta"). The table's own source comes first; figures that came from
+// elsewhere (a firm's import) get a line each per source, naming it and how
+// many they are. The full provenance stays in `Tabella::fonte` and
+// `Cifra::fonte`.
+[[nodiscard]] std::vector<std::string> fontiBrevi(const Tabella& tabella, const std::vector<Cifra>& cifre);
 
 } // namespace avlor::parametri
