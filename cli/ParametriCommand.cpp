@@ -7,6 +7,7 @@
 #include <ostream>
 
 #include "OutputFile.h"
+#include "avlor/core/TypedAmount.h"
 #include "avlor/parametri/Calcolo.h"
 #include "avlor/parametri/ParametriDatabase.h"
 #include "avlor/parametri/ParametriFile.h"
@@ -335,12 +336,11 @@ void price(Context& context, const ParametriOptions& options)
     request.data = readDate(options.data);
     request.tabella = options.tabella;
     if (!options.valore.empty()) {
-        const auto value = parametri::leggiImporto(options.valore);
-        if (!value)
-            throw CommandError("«" + options.valore +
-                               "» non è un valore: indicarlo in euro, per esempio 30000 o "
-                               "30000,50");
-        request.valore = value;
+        try {
+            request.valore = readTypedAmount(options.valore);
+        } catch (const ValueError& e) {
+            throw CommandError("--valore: " + std::string(e.what()));
+        }
     }
     if (!options.indeterminabile.empty())
         request.indeterminabile = parametri::indeterminabile(options.indeterminabile);
@@ -369,49 +369,55 @@ void price(Context& context, const ParametriOptions& options)
 void addParametriCommand(CLI::App& app, Context& context)
 {
     auto* command = app.add_subcommand(
-        "parametri", "The lawyers' fee parameters of D.M. 55/2014 (2014, 2018, 2022) for work done since 3 April 2014");
+        "parametri", "I parametri forensi del D.M. 55/2014 (2014, 2018, 2022) per il lavoro svolto dal 3 aprile 2014");
     command->require_subcommand(1);
     auto options = std::make_shared<ParametriOptions>();
 
-    auto* tabelle = command->add_subcommand("tabelle", "List the versions and their tables with their confidence");
-    tabelle->add_option("--data", options->data, "Only the version in force on this day (DD/MM/YYYY)");
+    auto* tabelle = command->add_subcommand("tabelle", "Elenca le versioni e le loro tabelle con la loro affidabilità");
+    tabelle->add_option("--data", options->data, "Solo la versione in vigore in questo giorno (GG/MM/AAAA)");
     tabelle->callback([&context, options] { printTables(context, *options); });
 
-    auto* mostra = command->add_subcommand("mostra", "Show one table: every figure by bracket and phase, its source");
-    mostra->add_option("--tabella", options->tabella, "Table number, e.g. 2 or 25-bis")->required();
-    mostra->add_option("--versione", options->versione, "2014, 2018 or 2022 (default: the version in force)");
-    mostra->add_option("--data", options->data, "The version in force on this day (DD/MM/YYYY)");
+    auto* mostra =
+        command->add_subcommand("mostra", "Mostra una tabella: ogni cifra per scaglione e fase, con la sua fonte");
+    mostra->add_option("--tabella", options->tabella, "Numero della tabella, per esempio 2 o 25-bis")->required();
+    mostra->add_option("--versione", options->versione, "2014, 2018 o 2022 (predefinita: la versione in vigore)");
+    mostra->add_option("--data", options->data, "La versione in vigore in questo giorno (GG/MM/AAAA)");
     mostra->add_flag("--provenienza", options->provenienza,
-                     "Also the full provenance of the figures, as the shipped files give it");
+                     "Anche la provenienza completa delle cifre, come la danno i file distribuiti");
     mostra->callback([&context, options] { printTable(context, *options); });
 
     auto* calcola = command->add_subcommand(
         "calcola",
-        "Price a piece of work: per phase the average, minimum, maximum and chosen amount, the total, "
-        "15% general expenses and the grand total, each with the rule and figure it comes from");
-    calcola->add_option("--data", options->data, "Day the work was completed (DD/MM/YYYY): picks the version")
+        "Calcola un compenso: per fase il valore medio, minimo, massimo e quello scelto, la somma, le spese "
+        "generali del 15% e il totale, ciascuno con la regola e la cifra da cui viene");
+    calcola
+        ->add_option("--data", options->data,
+                     "Giorno in cui il lavoro è stato completato (GG/MM/AAAA): sceglie la versione")
         ->required();
-    calcola->add_option("--tabella", options->tabella, "Table number, e.g. 2 (tribunale)")->required();
-    calcola->add_option("--valore", options->valore, "Value of the case in euro");
+    calcola->add_option("--tabella", options->tabella, "Numero della tabella, per esempio 2 (tribunale)")->required();
+    calcola->add_option("--valore", options->valore,
+                        "Valore della causa in euro: 30000, 30000,50, 30.000,50 o 30000.50");
     calcola->add_option("--indeterminabile", options->indeterminabile,
-                        "Value that cannot be determined: bassa, alta or particolare");
+                        "Valore indeterminabile: bassa, alta o particolare");
     calcola
         ->add_option("--fasi", options->fasi,
-                     "Phases done, separated by commas: studio,introduttiva,istruttoria,decisionale")
+                     "Fasi svolte, separate da virgole: studio,introduttiva,istruttoria,decisionale")
         ->required();
-    calcola->add_option("--percentuale", options->percentuali,
-                        "Raise or lower a phase over its average, e.g. istruttoria=+20 (repeatable)");
-    calcola->add_option("--clienti", options->clienti, "Number of clients with the same position (default 1)");
+    calcola->add_option(
+        "--percentuale", options->percentuali,
+        "Aumenta o diminuisce una fase rispetto al valore medio, per esempio istruttoria=+20 (ripetibile)");
+    calcola->add_option("--clienti", options->clienti, "Numero dei clienti nella stessa posizione (predefinito 1)");
     calcola->add_flag("--provenienza", options->provenienza,
-                      "Also the figure each phase was priced from and its full provenance");
+                      "Anche la cifra da cui è calcolata ogni fase e la sua provenienza completa");
     calcola->callback([&context, options] { price(context, *options); });
 
     auto* importa = command->add_subcommand(
         "importa",
-        "Load corrected or missing figures from a CSV file "
-        "(versione;tabella;scaglione_da;scaglione_a;fase;valore_medio;affidabilita;fonte). The whole "
-        "file is checked first and written in one transaction: a file with one bad line changes nothing");
-    importa->add_option("FILE", options->file, "The CSV file")->required();
+        "Carica cifre corrette o mancanti da un file CSV "
+        "(versione;tabella;scaglione_da;scaglione_a;fase;valore_medio;affidabilita;fonte). Il file è "
+        "controllato tutto prima di scrivere, in una sola transazione: un file con una riga sbagliata non "
+        "cambia nulla");
+    importa->add_option("FILE", options->file, "Il file CSV")->required();
     importa->callback([&context, options] {
         std::error_code sizeError;
         const auto size = std::filesystem::file_size(options->file, sizeError);
@@ -433,8 +439,8 @@ void addParametriCommand(CLI::App& app, Context& context)
                      << ", tabelle nuove " << result.tabelle << ")\n";
     });
 
-    auto* esporta = command->add_subcommand("esporta", "Write every figure with its source as a CSV file");
-    esporta->add_option("--output", options->output, "File to write (default: standard output)");
+    auto* esporta = command->add_subcommand("esporta", "Scrive ogni cifra con la sua fonte come file CSV");
+    esporta->add_option("--output", options->output, "File da scrivere (predefinito: l'uscita standard)");
     esporta->callback([&context, options] {
         context.openPracticeDatabase();
         const std::string text = parametri::esportaParametri();

@@ -65,7 +65,7 @@ std::string formatAmount(Currency amount, std::string_view pattern, const Locale
     return text;
 }
 
-std::string formatMoney(Currency amount, bool lire, const Locale& locale)
+std::string formatMoneyAmount(Currency amount, bool lire, const Locale& locale)
 {
     const std::int64_t step = lire ? Currency::Scale : Currency::Scale / 100;
     const std::int64_t raw = amount.raw();
@@ -79,7 +79,12 @@ std::string formatMoney(Currency amount, bool lire, const Locale& locale)
         const std::uint64_t cents = shown % perUnit;
         text += locale.decimalSeparator + (cents < 10 ? "0" : "") + std::to_string(cents);
     }
-    return text + (lire ? " lire" : " \u20AC");
+    return text;
+}
+
+std::string formatMoney(Currency amount, bool lire, const Locale& locale)
+{
+    return formatMoneyAmount(amount, lire, locale) + (lire ? " lire" : " \u20AC");
 }
 
 std::string formatShortDate(Date date, const Locale& locale)

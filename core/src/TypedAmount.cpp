@@ -125,9 +125,9 @@ Currency readTypedAmount(std::string_view typed)
     if (decimals.size() == 3 && ungrouped(integerPart, onlyMark)) {
         const Currency grouped = exact(text, negative, std::string(integerPart) + std::string(decimals), {});
         const Currency decimal = exact(text, negative, std::string(integerPart), decimals);
-        refuse(text, "si può leggere in due modi: " + grouped.toText() + " oppure " + shownItalian(decimal) +
-                         "; scrivere " + grouped.toText() + " per il primo, " + shownItalian(decimal) +
-                         " per il secondo");
+        refuse(text,
+               "si può leggere in due modi: " + grouped.toText() + " oppure " + shownItalian(decimal) + "; scrivere " +
+                   grouped.toText() + " per il primo, " + shownItalian(decimal) + " per il secondo");
     }
     return exact(text, negative, std::string(integerPart), decimals);
 }

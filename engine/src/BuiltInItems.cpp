@@ -21,8 +21,9 @@ std::vector<BuiltInItem> outOfCourtItems(Edition edition)
         items.push_back({item.id, "fascia per scaglione di valore"});
     if (!official.percentageBrackets.empty()) {
         for (std::int32_t id = PercentageItemFirst; id <= PercentageItemLast; ++id)
-            items.push_back({id, id == PercentageItemHalved ? "metà della fascia a percentuale del valore"
-                                                            : "fascia a percentuale del valore"});
+            items.push_back({id,
+                             id == PercentageItemHalved ? "metà della fascia a percentuale del valore"
+                                                        : "fascia a percentuale del valore"});
     }
     std::sort(items.begin(), items.end(), [](const BuiltInItem& a, const BuiltInItem& b) { return a.id < b.id; });
     return items;

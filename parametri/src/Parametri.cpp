@@ -6,6 +6,9 @@
 #include <cstdlib>
 #include <set>
 
+#include "avlor/core/Format.h"
+#include "avlor/core/Locale.h"
+
 namespace avlor::parametri {
 
 namespace {
@@ -17,36 +20,6 @@ std::string lowerAscii(std::string_view text)
         c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     return result;
 }
-
-// The count of cents of `importo`, halves away from zero (65,625 -> 65,63),
-// the rounding of invoices and of every published fee computation: the one
-// rounding an amount gets, when a person or a file reads it. Currency keeps
-// ten-thousandths and rounds halves to even in its own arithmetic, which is
-// right inside a computation and wrong on a page.
-std::int64_t centesimi(Currency importo)
-{
-    const std::int64_t raw = importo.raw();
-    std::int64_t cents = raw / 100;
-    const std::int64_t rest = raw % 100;
-    if ((rest < 0 ? -rest : rest) >= 50)
-        cents += raw < 0 ? -1 : 1;
-    return cents;
-}
-
-std::string withThousands(std::int64_t units)
-{
-    std::string digits = std::to_string(units);
-    std::string result;
-    const std::size_t count = digits.size();
-    for (std::size_t i = 0; i < count; ++i) {
-        if (i > 0 && (count - i) % 3 == 0)
-            result += '.';
-        result += digits[i];
-    }
-    return result;
-}
-
-std::string twoDigits(std::int64_t value) { return (value < 10 ? "0" : "") + std::to_string(value); }
 
 } // namespace
 
@@ -140,18 +113,14 @@ std::string numeroTabella(std::string_view testo)
     return std::to_string(number) + (bis ? "-bis" : "");
 }
 
-std::string testoImporto(Currency importo)
-{
-    const std::int64_t cents = centesimi(importo);
-    const std::int64_t size = cents < 0 ? -cents : cents;
-    return (cents < 0 ? "-" : "") + withThousands(size / 100) + "," + twoDigits(size % 100);
-}
+// Shown and written to the cent, halves away from zero (65,625 -> 65,63):
+// the rounding of invoices and of every published fee computation, when a
+// person or a file reads an amount. The computation itself stays exact.
+std::string testoImporto(Currency importo) { return formatMoneyAmount(importo, false, Locale::italian()); }
 
 std::string testoImportoPunto(Currency importo)
 {
-    const std::int64_t cents = centesimi(importo);
-    const std::int64_t size = cents < 0 ? -cents : cents;
-    return (cents < 0 ? "-" : "") + std::to_string(size / 100) + "." + twoDigits(size % 100);
+    return formatMoneyAmount(importo, false, Locale{"", ".", "dd/mm/yyyy"});
 }
 
 std::string testoScaglione(const Cifra& cifra)

@@ -227,6 +227,32 @@ TEST_F(ParametriCommand, RefusalsAreOneLineWithStatusOne)
               "limite del 50% (art. 4 c.1 come modificato dal D.M. 147/2022, versione 2022)\n");
 }
 
+// The value is read as tariffa reads it: as a person means it, and never at
+// a scale the person did not mean.
+TEST_F(ParametriCommand, TheValueIsReadAsMeant)
+{
+    const std::vector<std::string> base = {"parametri", "calcola", "--data", "15/03/2024", "--tabella",
+                                           "2",         "--fasi",  "studio", "--json"};
+    const auto totalFor = [&](const std::string& valore) {
+        std::vector<std::string> words = base;
+        words.insert(words.end(), {"--valore", valore});
+        const auto r = run(words);
+        EXPECT_EQ(r.status, 0) << valore << ": " << r.err;
+        return r.status == 0 ? nlohmann::json::parse(r.out)["risultato"]["totale"].get<std::string>() : "";
+    };
+    const std::string plain = totalFor("30000");
+    EXPECT_EQ(totalFor("30.000,00"), plain);
+    EXPECT_EQ(totalFor("30000.00"), plain);
+    EXPECT_EQ(totalFor("30000,5"), plain);
+    std::vector<std::string> words = base;
+    words.insert(words.end(), {"--valore", "30.000"});
+    const auto twoWays = run(words);
+    EXPECT_EQ(twoWays.status, 1);
+    EXPECT_EQ(twoWays.err,
+              "avlor: error: --valore: «30.000» si può leggere in due modi: 30000 oppure 30; scrivere "
+              "30000 per il primo, 30 per il secondo\n");
+}
+
 TEST_F(ParametriCommand, ValueAndIndeterminateValueTogetherAreRefused)
 {
     const auto both = run(with(Price, {"--indeterminabile", "alta"}));

@@ -36,7 +36,11 @@ protected:
     }
     static void TearDownTestSuite() { fs::remove_all(folder); }
 
-    void SetUp() override { fs::remove_all(temporary()); fs::create_directories(temporary()); }
+    void SetUp() override
+    {
+        fs::remove_all(temporary());
+        fs::create_directories(temporary());
+    }
 
     // The temporary folder the command is given (TMPDIR).
     static fs::path temporary() { return folder / "tmp"; }
@@ -46,8 +50,9 @@ protected:
     static Outcome open(const std::string& environment, const std::string& wrapper = "")
     {
         avlor::test::RunOptions options;
-        options.environment = "AVLOR_SETTINGS=" + shellQuoted(settings) + " TMPDIR=" + shellQuoted(temporary().string()) +
-            " QT_QPA_PLATFORM=offscreen AVLOR_UI_CLOSE_AFTER_MS=300 " + environment;
+        options.environment = "AVLOR_SETTINGS=" + shellQuoted(settings) +
+            " TMPDIR=" + shellQuoted(temporary().string()) + " QT_QPA_PLATFORM=offscreen AVLOR_UI_CLOSE_AFTER_MS=300 " +
+            environment;
         options.wrapper = wrapper;
         return avlor::test::runAvlor({"--db", database, "parcella", "--pratica", "1", "--parti", "Rossi / Bianchi",
                                       "--adempimento", "Udienza", "--data", "15/03/2025"},
@@ -62,7 +67,7 @@ protected:
 
     static void expectPrivateFolder(const fs::path& path)
     {
-        struct stat info {};
+        struct stat info { };
         ASSERT_EQ(::lstat(path.c_str(), &info), 0) << path;
         EXPECT_TRUE(S_ISDIR(info.st_mode)) << path;
         EXPECT_EQ(info.st_mode & 07777, 0700u) << path;
@@ -97,8 +102,9 @@ TEST_F(OpeningFromTheShell, AFolderOfTheSameNameWithLooserRightsIsMadePrivate)
 {
     const fs::path runtime = temporary() / ("runtime-" + userName());
     fs::create_directories(runtime);
-    fs::permissions(runtime, fs::perms::owner_all | fs::perms::group_read | fs::perms::group_exec |
-                                 fs::perms::others_read | fs::perms::others_exec);
+    fs::permissions(runtime,
+                    fs::perms::owner_all | fs::perms::group_read | fs::perms::group_exec | fs::perms::others_read |
+                        fs::perms::others_exec);
     const Outcome run = open("", "env -u XDG_RUNTIME_DIR");
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.err, "");
@@ -124,8 +130,9 @@ TEST_F(OpeningFromTheShell, QtsWarningsAboutARealProblemStillReachStandardError)
     const fs::path session = folder / "aperta";
     fs::remove_all(session);
     fs::create_directories(session);
-    fs::permissions(session, fs::perms::owner_all | fs::perms::group_read | fs::perms::group_exec |
-                                 fs::perms::others_read | fs::perms::others_exec);
+    fs::permissions(session,
+                    fs::perms::owner_all | fs::perms::group_read | fs::perms::group_exec | fs::perms::others_read |
+                        fs::perms::others_exec);
     const Outcome run = open("XDG_RUNTIME_DIR=" + shellQuoted(session.string()));
     EXPECT_EQ(run.status, 0);
     EXPECT_NE(run.err.find("QStandardPaths: wrong permissions on runtime directory " + session.string()),

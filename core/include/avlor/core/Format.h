@@ -22,9 +22,12 @@ inline constexpr std::string_view FormatoGrigliaLire = "###,###,###";
 [[nodiscard]] std::string formatAmount(Currency amount, std::string_view pattern, const Locale& locale);
 
 // An amount as a person reads it on the terminal or in a document: rounded to
-// the cent (to the lira for lire) with halves away from zero, as invoices
-// round, grouped by thousands with the locale's separators, a 0 before the
-// decimal mark, and its unit: "958,50 €", "30.000 lire", "0,00 €".
+// the cent (to the lira for lire) with halves away from zero, as invoices and
+// every published fee computation round, grouped by thousands with the
+// locale's separators (none when the locale's is empty), a 0 before the
+// decimal mark: "958,50", "30.000", "0,00". The figure underneath stays exact.
+[[nodiscard]] std::string formatMoneyAmount(Currency amount, bool lire, const Locale& locale);
+// The same with its unit: "958,50 €", "30.000 lire", "0,00 €".
 [[nodiscard]] std::string formatMoney(Currency amount, bool lire, const Locale& locale);
 
 // A date in the locale's short date form.
