@@ -10,6 +10,40 @@
 
 namespace avlor::cli {
 
+namespace {
+
+// The public classes (or one of them), each with its operations and their
+// arguments, as a host developer looks them up.
+void printClasses(const Context& context, const std::string& only)
+{
+    std::vector<std::string> names = registeredProgIds();
+    if (!only.empty())
+        names = {CreateObject(only)->progId()};
+    nlohmann::ordered_json list = nlohmann::ordered_json::array();
+    for (const auto& name : names) {
+        const auto object = CreateObject(name);
+        nlohmann::ordered_json operations = nlohmann::ordered_json::array();
+        for (const auto& method : object->methodNames())
+            operations.push_back({{"nome", method}, {"argomenti", object->argumentNames(method)}});
+        list.push_back({{"classe", object->progId()}, {"operazioni", operations}});
+    }
+    if (context.json) {
+        *context.out << nlohmann::ordered_json{{"risultato", list}}.dump() << '\n';
+        return;
+    }
+    for (const auto& entry : list) {
+        *context.out << entry["classe"].get<std::string>() << '\n';
+        for (const auto& operation : entry["operazioni"]) {
+            std::string arguments;
+            for (const auto& a : operation["argomenti"])
+                arguments += (arguments.empty() ? "" : ", ") + a.get<std::string>();
+            *context.out << "  " << operation["nome"].get<std::string>() << "(" << arguments << ")\n";
+        }
+    }
+}
+
+} // namespace
+
 void addCallCommand(CLI::App& app, Context& context)
 {
     auto* call = app.add_subcommand(
@@ -24,11 +58,21 @@ void addCallCommand(CLI::App& app, Context& context)
     call->fallthrough(false);
     call->add_option("--db", context.database, databaseOptionHelp());
     call->add_flag("--json", context.json, "Risultati in JSON (il risultato di una chiamata lo è sempre)");
-    call->callback([&context, call] {
+    auto listing = std::make_shared<bool>(false);
+    call->add_flag("--elenco", *listing,
+                   "Elenca le classi pubbliche, le loro operazioni e i loro argomenti (avlor call --elenco "
+                   "[PROGID] per una classe sola)");
+    call->callback([&context, call, listing] {
         const std::vector<std::string> words = call->remaining();
+        if (*listing) {
+            if (words.size() > 1)
+                throw CommandError("--elenco vuole al più il nome programmatico di una classe");
+            printClasses(context, words.empty() ? std::string() : words.front());
+            return;
+        }
         if (words.size() < 2)
             throw CommandError("call vuole il nome programmatico di una classe e un'operazione, per esempio: "
-                               "avlor call AvlorLogic.clsDataBase VersioneMdb");
+                               "avlor call AvlorLogic.clsDataBase VersioneMdb (le elenca: avlor call --elenco)");
         std::vector<Value> arguments = argumentsFromWords(std::vector<std::string>(words.begin() + 2, words.end()));
 
         context.openPracticeDatabase();

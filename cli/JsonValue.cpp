@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "Utf8Text.h"
+#include "avlor/core/Format.h"
 
 namespace avlor::cli {
 
@@ -59,7 +60,8 @@ std::string toPlainText(const Value& value)
     case ValueKind::Null:
         return "null";
     case ValueKind::Currency:
-        return value.asCurrency().toFixed4();
+        // As a person reads an amount; --json keeps the exact figure.
+        return formatMoneyAmount(value.asCurrency(), false, Locale::user());
     case ValueKind::Date:
         return value.asDate().toDayFirst();
     default:

@@ -161,6 +161,7 @@ TEST_F(CommandTest, CaseFilePersonInvoiceAndVersion)
     EXPECT_EQ(onDemo({"anagrafica", "giuridico", "2", "--json"}).out, "{\"risultato\":true}\n");
     EXPECT_EQ(onDemo({"fattura", "residuo", "1", "--json"}).out, "{\"risultato\":\"1250.5000\"}\n");
     EXPECT_EQ(onDemo({"fattura", "residuo", "99", "--json"}).out, "{\"risultato\":null}\n");
+    EXPECT_EQ(onDemo({"fattura", "residuo", "1"}).out, "1.250,50\n");
     EXPECT_EQ(onDemo({"db", "versione", "--json"}).out, "{\"risultato\":1}\n");
 }
 
@@ -264,6 +265,37 @@ TEST_F(CommandTest, EveryCommandsHelpShowsTheSharedOptionsAndTheDefaultDatabase)
     EXPECT_NE(id.out.find("Id del record (Pratica.ID_Pra), numero intero"), std::string::npos) << id.out;
 }
 
+TEST_F(CommandTest, LateBoundCallListsTheClassesTheirOperationsAndArguments)
+{
+    const Outcome all = avlor({"call", "--elenco"});
+    EXPECT_EQ(all.status, 0) << all.err;
+    EXPECT_EQ(all.out.rfind("AvlorLogic.ClsParcella\n"
+                            "  ShowDialogParcellazione(IdPratica, aszParti, aszAdempimento, aData)\n"
+                            "  CalcolaTariffa(cValore, vRil, sTabella, bInd, idTariffa, MinTar, MaxTar, MinS, MaxS, "
+                            "Autorita)\n"
+                            "AvlorLogic.clsUtenti\n"
+                            "  GetSqlRiservatezza(alIdUtente)\n",
+                            0),
+              0u)
+        << all.out;
+    EXPECT_NE(all.out.find("\nAvlorLogic.clsDataBase\n  VersioneMdb()\n"), std::string::npos) << all.out;
+    EXPECT_NE(all.out.find("\nAvlorLogic.clsParametri\n  Calcola(Data, Tabella, Valore, Fasi, Percentuali, Clienti)\n"),
+              std::string::npos)
+        << all.out;
+    const Outcome one = avlor({"call", "--json", "--elenco", "avlorlogic.clsfatture"});
+    EXPECT_EQ(one.status, 0) << one.err;
+    EXPECT_EQ(one.out,
+              "{\"risultato\":[{\"classe\":\"AvlorLogic.clsFatture\",\"operazioni\":[{\"nome\":"
+              "\"GetResiduoFattura\",\"argomenti\":[\"avIdFattura\"]}]}]}\n");
+    const Outcome unknown = avlor({"call", "--elenco", "AvlorLogic.clsNessuna"});
+    EXPECT_EQ(unknown.status, 1);
+    EXPECT_EQ(unknown.err.rfind("avlor: error: Nessuna classe è registrata col nome 'AvlorLogic.clsNessuna' (le "
+                                "classi: AvlorLogic.ClsParcella, ",
+                                0),
+              0u)
+        << unknown.err;
+}
+
 TEST_F(CommandTest, LateBoundCallHelpListsItsOptions)
 {
     const Outcome r = avlor({"call", "--help"});
@@ -333,9 +365,10 @@ TEST_F(CommandTest, ErrorsAreOneLineWithAFailureStatus)
         {{"tariffa", "--tabella", "Diritti94", "--id", "1", "--valore", "12abc", "--rilevanza", "1"},
          "avlor: error: --valore: «12abc» non è un importo: scriverlo per esempio 30000, 30000,50 o 30.000,50\n"},
         {{"call", "AvlorLogic.clsNessuna", "Foo"},
-         "avlor: error: No class is registered under the name 'AvlorLogic.clsNessuna'\n"},
+         "avlor: error: Nessuna classe è registrata col nome 'AvlorLogic.clsNessuna' (le classi: AvlorLogic."},
         {{"call", "AvlorLogic.clsUtenti", "Foo"},
-         "avlor: error: The class AvlorLogic.clsUtenti has no operation named 'Foo'\n"},
+         "avlor: error: La classe AvlorLogic.clsUtenti non ha un'operazione di nome 'Foo' (le sue operazioni: "
+         "GetSqlRiservatezza, "},
     };
     for (const auto& c : cases) {
         const Outcome r = onDemo(c.words);

@@ -158,9 +158,12 @@ TEST(LateBoundRegistry, NamesAreMatchedWithoutRegardToLetterCase)
 
 TEST(LateBoundRegistry, AnUnknownClassIsAClearError)
 {
+    const std::string classes =
+        " (le classi: AvlorLogic.ClsParcella, AvlorLogic.clsUtenti, AvlorLogic.clsPratica, AvlorLogic.clsDataBase, "
+        "AvlorLogic.clsAnagrafica, AvlorLogic.clsFatture, AvlorLogic.clsParametri)";
     EXPECT_EQ(errorOf([] { (void)CreateObject("AvlorLogic.clsNessuna"); }),
-              "No class is registered under the name 'AvlorLogic.clsNessuna'");
-    EXPECT_EQ(errorOf([] { (void)CreateObject(""); }), "No class is registered under the name ''");
+              "Nessuna classe è registrata col nome 'AvlorLogic.clsNessuna'" + classes);
+    EXPECT_EQ(errorOf([] { (void)CreateObject(""); }), "Nessuna classe è registrata col nome ''" + classes);
 }
 
 TEST(LateBoundRegistry, AnUnknownOperationOrAWrongArgumentCountIsAClearError)
@@ -169,9 +172,32 @@ TEST(LateBoundRegistry, AnUnknownOperationOrAWrongArgumentCountIsAClearError)
     std::vector<Value> none;
     std::vector<Value> two{Value(1), Value(2)};
     EXPECT_EQ(errorOf([&] { utenti->invoke("Elimina", none); }),
-              "The class AvlorLogic.clsUtenti has no operation named 'Elimina'");
+              "La classe AvlorLogic.clsUtenti non ha un'operazione di nome 'Elimina' (le sue operazioni: "
+              "GetSqlRiservatezza, GetLivelloRiservatezza, GetGruppiUtente, GetUtentiDelGruppo, GetSqlFiltroPratiche, "
+              "IsUtenteContabilita, UtenteInGruppo, GetIdOfCurrentUser, GetSqlFiltroAnagrafiche)");
     EXPECT_EQ(errorOf([&] { utenti->invoke("GetLivelloRiservatezza", two); }),
-              "AvlorLogic.clsUtenti.GetLivelloRiservatezza takes 1 argument(s), 2 given");
+              "AvlorLogic.clsUtenti.GetLivelloRiservatezza vuole 1 argomento (alIdUtente), ne sono dati 2");
+    EXPECT_EQ(errorOf([&] { utenti->invoke("UtenteInGruppo", none); }),
+              "AvlorLogic.clsUtenti.UtenteInGruppo vuole 2 argomenti (avIdUtente, avGruppo), ne sono dati 0");
+    EXPECT_EQ(errorOf([&] { utenti->invoke("GetIdOfCurrentUser", two); }),
+              "AvlorLogic.clsUtenti.GetIdOfCurrentUser vuole 0 argomenti, ne sono dati 2");
+}
+
+TEST(LateBoundRegistry, EveryOperationNamesItsArguments)
+{
+    auto parcella = CreateObject("AvlorLogic.ClsParcella");
+    EXPECT_EQ(parcella->argumentNames("calcolatariffa"),
+              (std::vector<std::string>{"cValore", "vRil", "sTabella", "bInd", "idTariffa", "MinTar", "MaxTar", "MinS",
+                                        "MaxS", "Autorita"}));
+    EXPECT_EQ(parcella->argumentNames("ShowDialogParcellazione"),
+              (std::vector<std::string>{"IdPratica", "aszParti", "aszAdempimento", "aData"}));
+    EXPECT_EQ(CreateObject("AvlorLogic.clsFatture")->argumentNames("GetResiduoFattura"),
+              std::vector<std::string>{"avIdFattura"});
+    EXPECT_EQ(CreateObject("AvlorLogic.clsDataBase")->argumentNames("VersioneMdb"), std::vector<std::string>{});
+    EXPECT_EQ(errorOf([] {
+                  (void)CreateObject("AvlorLogic.clsPratica")->argumentNames("Nessuna");
+              }).rfind("La classe AvlorLogic.clsPratica non ha un'operazione di nome 'Nessuna'", 0),
+              0u);
 }
 
 TEST_F(LateBoundTest, CalcolaTariffaWritesTheBandBackIntoTheArguments)

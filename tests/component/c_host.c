@@ -156,8 +156,11 @@ int main(int argc, char** argv)
 
     /* A wrong operation name is reported, not crashed on. */
     expect_status("unknown operation", avlor_call(utenti, "Cancella", NULL, 0, &result), AVLOR_FAILED);
-    expect_text("unknown operation message", avlor_last_error(),
-                "The class AvlorLogic.clsUtenti has no operation named 'Cancella'");
+    expect_text(
+        "unknown operation message", avlor_last_error(),
+        "La classe AvlorLogic.clsUtenti non ha un'operazione di nome 'Cancella' (le sue operazioni: "
+        "GetSqlRiservatezza, GetLivelloRiservatezza, GetGruppiUtente, GetUtentiDelGruppo, GetSqlFiltroPratiche, "
+        "IsUtenteContabilita, UtenteInGruppo, GetIdOfCurrentUser, GetSqlFiltroAnagrafiche)");
     avlor_release(utenti);
 
     /* Pricing: out-of-court item 10 at 5,200 euro, importance 50. */
@@ -220,7 +223,9 @@ int main(int argc, char** argv)
     avlor_object* none = NULL;
     expect_status("unknown class", avlor_create("AvlorLogic.clsNessuna", &none), AVLOR_FAILED);
     expect_text("unknown class message", avlor_last_error(),
-                "No class is registered under the name 'AvlorLogic.clsNessuna'");
+                "Nessuna classe \xC3\xA8 registrata col nome 'AvlorLogic.clsNessuna' (le classi: "
+                "AvlorLogic.ClsParcella, AvlorLogic.clsUtenti, AvlorLogic.clsPratica, AvlorLogic.clsDataBase, "
+                "AvlorLogic.clsAnagrafica, AvlorLogic.clsFatture, AvlorLogic.clsParametri)");
 
     if (failures == 0)
         printf("c_host: all checks passed\n");

@@ -30,16 +30,35 @@ std::vector<std::string> TableObject::methodNames() const
     return names;
 }
 
-DispatchResult TableObject::invoke(const std::string& method, std::vector<Value>& arguments)
+const Method& TableObject::method(const std::string& name) const
 {
     auto found =
-        std::find_if(methods_.begin(), methods_.end(), [&](const Method& m) { return sameName(m.name, method); });
-    if (found == methods_.end())
-        throw UsageError("The class " + progId_ + " has no operation named '" + method + "'");
-    if (arguments.size() != found->arity)
-        throw UsageError(progId_ + "." + found->name + " takes " + std::to_string(found->arity) + " argument(s), " +
-                         std::to_string(arguments.size()) + " given");
-    return found->call(arguments);
+        std::find_if(methods_.begin(), methods_.end(), [&](const Method& m) { return sameName(m.name, name); });
+    if (found == methods_.end()) {
+        std::string known;
+        for (const auto& m : methods_)
+            known += (known.empty() ? "" : ", ") + m.name;
+        throw UsageError("La classe " + progId_ + " non ha un'operazione di nome '" + name +
+                         "' (le sue operazioni: " + known + ")");
+    }
+    return *found;
+}
+
+std::vector<std::string> TableObject::argumentNames(const std::string& name) const { return method(name).arguments; }
+
+DispatchResult TableObject::invoke(const std::string& name, std::vector<Value>& arguments)
+{
+    const Method& found = method(name);
+    if (arguments.size() != found.arguments.size()) {
+        std::string names;
+        for (const auto& a : found.arguments)
+            names += (names.empty() ? "" : ", ") + a;
+        throw UsageError(progId_ + "." + found.name + " vuole " + std::to_string(found.arguments.size()) +
+                         (found.arguments.size() == 1 ? " argomento" : " argomenti") +
+                         (names.empty() ? "" : " (" + names + ")") + ", " +
+                         (arguments.size() == 1 ? "ne è dato " : "ne sono dati ") + std::to_string(arguments.size()));
+    }
+    return found.call(arguments);
 }
 
 } // namespace avlor::binding

@@ -13,7 +13,7 @@ namespace avlor::binding {
 
 struct Method {
     std::string name;
-    std::size_t arity;
+    std::vector<std::string> arguments; // their names, in order
     std::function<DispatchResult(std::vector<Value>& arguments)> call;
 };
 
@@ -23,9 +23,12 @@ public:
 
     [[nodiscard]] const std::string& progId() const override { return progId_; }
     [[nodiscard]] std::vector<std::string> methodNames() const override;
+    [[nodiscard]] std::vector<std::string> argumentNames(const std::string& method) const override;
     DispatchResult invoke(const std::string& method, std::vector<Value>& arguments) override;
 
 private:
+    [[nodiscard]] const Method& method(const std::string& name) const;
+
     std::string progId_;
     std::vector<Method> methods_;
 };

@@ -95,45 +95,61 @@ std::unique_ptr<AutomationObject> makeClsParametri()
     return std::make_unique<TableObject>(
         "AvlorLogic.clsParametri",
         std::vector<Method>{
-            {"Calcola", 6,
+            {"Calcola",
+             {"Data", "Tabella", "Valore", "Fasi", "Percentuali", "Clienti"},
              [s](std::vector<Value>& a) -> DispatchResult {
                  s->last.reset();
                  s->last = parametri::calcola(parametri::leggiParametri(), request(a));
                  return Value::currency(s->last->totale);
              }},
-            {"VersioneInVigore", 1,
+            {"VersioneInVigore",
+             {"Data"},
              [](std::vector<Value>& a) -> DispatchResult {
                  return Value::text(std::string(parametri::versioneInVigore(a[0].toDate()).nome));
              }},
-            {"Versione", 0, [s](std::vector<Value>&) -> DispatchResult { return Value::text(s->result().versione); }},
-            {"Scaglione", 0, [s](std::vector<Value>&) -> DispatchResult { return Value::text(s->result().scaglione); }},
-            {"NumeroFasi", 0,
+            {"Versione", {}, [s](std::vector<Value>&) -> DispatchResult { return Value::text(s->result().versione); }},
+            {"Scaglione",
+             {},
+             [s](std::vector<Value>&) -> DispatchResult { return Value::text(s->result().scaglione); }},
+            {"NumeroFasi",
+             {},
              [s](std::vector<Value>&) -> DispatchResult {
                  return Value::longValue(static_cast<std::int32_t>(s->result().fasi.size()));
              }},
-            {"NomeFase", 1, [s](std::vector<Value>& a) -> DispatchResult { return Value::text(s->phase(a[0]).fase); }},
-            {"MedioFase", 1,
+            {"NomeFase",
+             {"Fase"},
+             [s](std::vector<Value>& a) -> DispatchResult { return Value::text(s->phase(a[0]).fase); }},
+            {"MedioFase",
+             {"Fase"},
              [s](std::vector<Value>& a) -> DispatchResult { return Value::currency(s->phase(a[0]).medio); }},
-            {"MinimoFase", 1,
+            {"MinimoFase",
+             {"Fase"},
              [s](std::vector<Value>& a) -> DispatchResult { return Value::currency(s->phase(a[0]).minimo); }},
-            {"MassimoFase", 1,
+            {"MassimoFase",
+             {"Fase"},
              [s](std::vector<Value>& a) -> DispatchResult { return Value::currency(s->phase(a[0]).massimo); }},
-            {"ImportoFase", 1,
+            {"ImportoFase",
+             {"Fase"},
              [s](std::vector<Value>& a) -> DispatchResult { return Value::currency(s->phase(a[0]).scelto); }},
-            {"FonteFase", 1,
+            {"FonteFase",
+             {"Fase"},
              [s](std::vector<Value>& a) -> DispatchResult {
                  const parametri::FaseCalcolata& f = s->phase(a[0]);
                  return Value::text(f.fonteCifra + "; " + f.regolaMedio + "; limiti: " + f.regolaLimiti +
                                     "; importo: " + f.regolaScelto);
              }},
-            {"ProvenienzaFase", 1,
+            {"ProvenienzaFase",
+             {"Fase"},
              [s](std::vector<Value>& a) -> DispatchResult { return Value::text(s->phase(a[0]).provenienza); }},
-            {"Compenso", 0,
+            {"Compenso",
+             {},
              [s](std::vector<Value>&) -> DispatchResult { return Value::currency(s->result().compenso); }},
-            {"SpeseGenerali", 0,
+            {"SpeseGenerali",
+             {},
              [s](std::vector<Value>&) -> DispatchResult { return Value::currency(s->result().speseGenerali); }},
-            {"Totale", 0, [s](std::vector<Value>&) -> DispatchResult { return Value::currency(s->result().totale); }},
-            {"Avvertenze", 0,
+            {"Totale", {}, [s](std::vector<Value>&) -> DispatchResult { return Value::currency(s->result().totale); }},
+            {"Avvertenze",
+             {},
              [s](std::vector<Value>&) -> DispatchResult {
                  std::string text;
                  for (const std::string& warning : s->result().avvertenze)

@@ -48,13 +48,16 @@ std::unique_ptr<AutomationObject> makeClsParcella()
     return std::make_unique<TableObject>(
         "AvlorLogic.ClsParcella",
         std::vector<Method>{
-            {"ShowDialogParcellazione", 4,
+            {"ShowDialogParcellazione",
+             {"IdPratica", "aszParti", "aszAdempimento", "aData"},
              [parcella](std::vector<Value>& a) -> DispatchResult {
                  parcella->ShowDialogParcellazione(a[0].toLong(), argumentText(a[1]), argumentText(a[2]),
                                                    a[3].toDate());
                  return std::monostate{};
              }},
-            {"CalcolaTariffa", 10, [parcella](std::vector<Value>& a) { return calcolaTariffa(*parcella, a); }},
+            {"CalcolaTariffa",
+             {"cValore", "vRil", "sTabella", "bInd", "idTariffa", "MinTar", "MaxTar", "MinS", "MaxS", "Autorita"},
+             [parcella](std::vector<Value>& a) { return calcolaTariffa(*parcella, a); }},
         });
 }
 

@@ -12,11 +12,13 @@ std::unique_ptr<AutomationObject> makeClsPratica()
     auto p = std::make_shared<clsPratica>();
     return std::make_unique<TableObject>("AvlorLogic.clsPratica",
                                          std::vector<Method>{
-                                             {"QuantiClientiPerPratica", 1,
+                                             {"QuantiClientiPerPratica",
+                                              {"avCodicePratica"},
                                               [p](std::vector<Value>& a) -> DispatchResult {
                                                   return Value::longValue(p->QuantiClientiPerPratica(a[0]));
                                               }},
-                                             {"QuanteControPartiPerPratica", 1,
+                                             {"QuanteControPartiPerPratica",
+                                              {"avCodicePratica"},
                                               [p](std::vector<Value>& a) -> DispatchResult {
                                                   return Value::longValue(p->QuanteControPartiPerPratica(a[0]));
                                               }},
@@ -29,7 +31,7 @@ std::unique_ptr<AutomationObject> makeClsDataBase()
     return std::make_unique<TableObject>(
         "AvlorLogic.clsDataBase",
         std::vector<Method>{
-            {"VersioneMdb", 0, [d](std::vector<Value>&) -> DispatchResult { return d->VersioneMdb(); }},
+            {"VersioneMdb", {}, [d](std::vector<Value>&) -> DispatchResult { return d->VersioneMdb(); }},
         });
 }
 
@@ -39,7 +41,8 @@ std::unique_ptr<AutomationObject> makeClsAnagrafica()
     return std::make_unique<TableObject>(
         "AvlorLogic.clsAnagrafica",
         std::vector<Method>{
-            {"IsSoggettoGiuridico", 1,
+            {"IsSoggettoGiuridico",
+             {"avIdAna"},
              [an](std::vector<Value>& a) -> DispatchResult { return an->IsSoggettoGiuridico(a[0]); }},
         });
 }
@@ -50,7 +53,8 @@ std::unique_ptr<AutomationObject> makeClsFatture()
     return std::make_unique<TableObject>(
         "AvlorLogic.clsFatture",
         std::vector<Method>{
-            {"GetResiduoFattura", 1,
+            {"GetResiduoFattura",
+             {"avIdFattura"},
              [f](std::vector<Value>& a) -> DispatchResult { return f->GetResiduoFattura(a[0]); }},
         });
 }

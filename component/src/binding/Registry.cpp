@@ -44,7 +44,10 @@ std::unique_ptr<AutomationObject> CreateObject(const std::string& progId)
         if (binding::sameName(name, progId))
             return factory();
     }
-    throw UsageError("No class is registered under the name '" + progId + "'");
+    std::string known;
+    for (const auto& name : registeredProgIds())
+        known += (known.empty() ? "" : ", ") + name;
+    throw UsageError("Nessuna classe è registrata col nome '" + progId + "' (le classi: " + known + ")");
 }
 
 } // namespace avlor

@@ -28,6 +28,9 @@ public:
     [[nodiscard]] virtual const std::string& progId() const = 0;
     // The operations in the order in which the class declares them.
     [[nodiscard]] virtual std::vector<std::string> methodNames() const = 0;
+    // The names of an operation's arguments, in order ("alIdUtente"); an
+    // unknown operation raises UsageError.
+    [[nodiscard]] virtual std::vector<std::string> argumentNames(const std::string& method) const = 0;
     virtual DispatchResult invoke(const std::string& method, std::vector<Value>& arguments) = 0;
 };
 
@@ -36,7 +39,7 @@ public:
 [[nodiscard]] const std::vector<std::string>& registeredProgIds();
 
 // Creates the class registered under `progId` (compared without regard to
-// letter case). Unknown names raise UsageError.
+// letter case). Unknown names raise UsageError, naming the classes there are.
 [[nodiscard]] std::unique_ptr<AutomationObject> CreateObject(const std::string& progId);
 
 } // namespace avlor
