@@ -18,14 +18,24 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// A path made absolute from the working folder, with the links of the part
+// that exists resolved: two spellings of one place give the same path.
+fs::path resolved(const fs::path& path)
+{
+    std::error_code error;
+    const fs::path absolute = fs::absolute(path, error);
+    const fs::path canonical = fs::weakly_canonical(error ? path : absolute, error);
+    return error ? absolute.lexically_normal() : canonical;
+}
+
 // The same file, whether or not it exists yet: by device and inode when it
-// does, by its absolute path with links resolved otherwise.
+// does, by its resolved path otherwise.
 bool sameFile(const fs::path& a, const fs::path& b)
 {
     std::error_code error;
     if (fs::exists(a, error) && fs::exists(b, error))
         return fs::equivalent(a, b, error);
-    return fs::weakly_canonical(a, error) == fs::weakly_canonical(b, error);
+    return resolved(a) == resolved(b);
 }
 
 [[noreturn]] void failed(const std::string& path, int failure)
@@ -40,8 +50,14 @@ void refuseDatabaseAsOutput(const std::string& output, const std::string& locati
     const std::string file = sqliteDatabaseFile(location);
     if (file.empty())
         return;
-    std::vector<std::string> guarded = sqliteCompanionFiles(file);
-    guarded.insert(guarded.begin(), file);
+    // SQLite names its companion files after the database as reached through
+    // its links: guard those of the name given and of the file it leads to.
+    std::vector<std::string> guarded = {file};
+    const std::string real = resolved(file).string();
+    for (const std::string& name : {file, real}) {
+        for (const std::string& companion : sqliteCompanionFiles(name))
+            guarded.push_back(companion);
+    }
     for (const auto& g : guarded) {
         if (sameFile(output, g))
             throw CommandError("non scrivo " + output + ": è " +

@@ -15,11 +15,11 @@ if ! "$avlor" db versione >/dev/null 2>&1; then
 fi
 
 echo
-echo "Diritti94, item 132 (fixed band 15,000-50,000 lire), importance 37:"
+echo "Diritti94, voce 132 (fascia fissa da 15.000 a 50.000 lire), rilevanza 37:"
 "$avlor" tariffa --tabella Diritti94 --id 132 --valore 1000000 --rilevanza 37
 echo
-echo "OnorariStrag2004Euro, item 10 (percentage of the value), 25,900 euro, importance 50:"
+echo "OnorariStrag2004Euro, voce 10 (percentuale del valore), valore 25.900 euro, rilevanza 50:"
 "$avlor" tariffa --tabella OnorariStrag2004Euro --id 10 --valore 25900 --rilevanza 50
 echo
-echo "Confidentiality filter on case files for user 3 of the demo firm:"
+echo "Filtro di riservatezza sulle pratiche per l'utente 3 dello studio di prova:"
 "$avlor" utenti filtro-pratiche 3

@@ -122,6 +122,41 @@ TEST_F(DatabaseFilesTest, ExportNeverWritesOverTheDatabaseOrItsCompanionFiles)
     EXPECT_EQ(namesIn(work), (std::set<std::string>{"p.db", "altro-nome.db"}));
 }
 
+// The database named one way and the output another: a relative name against
+// an absolute one, a link against the file it leads to. SQLite names its
+// companion files after the file it reaches, so they are refused by the file
+// they resolve to, not by how they are spelled.
+TEST_F(DatabaseFilesTest, ExportRefusesTheCompanionFilesUnderAnySpelling)
+{
+    const std::string db = makeDemo("p.db");
+    const std::string before = fileText(db);
+    RunOptions inWork;
+    inWork.shellBefore = "cd " + avlor::test::shellQuoted(work.string()) + " &&";
+    const CommandOutcome wal =
+        avlor({"--db", "p.db", "tariffe", "esporta", "--tabella", "Onorari94", "-o", db + "-wal"}, inWork);
+    EXPECT_EQ(wal.status, 1);
+    EXPECT_EQ(wal.err,
+              "avlor: error: non scrivo " + db +
+                  "-wal: è un file di servizio del database delle pratiche (p.db-wal)\n");
+    fs::create_symlink(db, work / "collegamento.db");
+    const std::string link = (work / "collegamento.db").string();
+    for (const std::string suffix : {"-journal", "-wal", "-shm"}) {
+        const CommandOutcome r =
+            avlor({"--db", link, "tariffe", "esporta", "--tabella", "Onorari94", "-o", db + suffix});
+        EXPECT_EQ(r.status, 1) << suffix;
+        EXPECT_EQ(r.err,
+                  "avlor: error: non scrivo " + db + suffix + ": è un file di servizio del database delle pratiche (" +
+                      db + suffix + ")\n");
+    }
+    EXPECT_EQ(fileText(db), before);
+    EXPECT_EQ(namesIn(work), (std::set<std::string>{"p.db", "collegamento.db"}));
+    // Elsewhere in the same folder is fine.
+    const CommandOutcome ok =
+        avlor({"--db", link, "tariffe", "esporta", "--tabella", "Onorari94", "-o", (work / "p.csv").string()});
+    EXPECT_EQ(ok.status, 0) << ok.err;
+    EXPECT_TRUE(fs::exists(work / "p.csv"));
+}
+
 TEST_F(DatabaseFilesTest, AnExportThatCannotBeWrittenWholeLeavesThePreviousFile)
 {
     const std::string db = makeDemo("p.db");
