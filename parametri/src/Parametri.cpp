@@ -96,12 +96,17 @@ int ordineTabella(std::string_view numero)
 
 std::string numeroTabella(std::string_view testo)
 {
+    // "2", " 25-bis ", "25 bis", "25bis": digits, then "bis" after at most one
+    // blank or hyphen. Nothing else is read away: "-1" is no table.
     std::string text = lowerAscii(testo);
-    text.erase(std::remove_if(text.begin(), text.end(), [](char c) { return c == ' ' || c == '-'; }), text.end());
+    const auto first = text.find_first_not_of(' ');
+    text = first == std::string::npos ? std::string() : text.substr(first, text.find_last_not_of(' ') - first + 1);
     bool bis = false;
     if (text.size() > 3 && text.substr(text.size() - 3) == "bis") {
         bis = true;
         text.resize(text.size() - 3);
+        if (!text.empty() && (text.back() == ' ' || text.back() == '-'))
+            text.pop_back();
     }
     const bool digitsOnly = !text.empty() && text.size() <= 3 &&
         std::all_of(text.begin(), text.end(), [](char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; });

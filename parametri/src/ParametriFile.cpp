@@ -7,6 +7,7 @@
 #include <tuple>
 
 #include "ShippedParametriFiles.h"
+#include "avlor/core/Text.h"
 #include "avlor/tariffe/Csv.h"
 
 namespace avlor::parametri {
@@ -284,6 +285,11 @@ std::vector<RigaImportata> leggiFileParametri(std::string_view testo, const std:
                 throw ParametriFileError(record->line, "",
                                          "la riga ha " + std::to_string(row.size()) + " colonne invece di " +
                                              std::to_string(ColonneImport.size()));
+            for (std::size_t column = 0; column < row.size(); ++column) {
+                if (!isValidUtf8(row[column]))
+                    throw ParametriFileError(record->line, ColonneImport[column],
+                                             "il testo non è UTF-8 (salvare il file in UTF-8)");
+            }
             RigaImportata riga;
             riga.riga = record->line;
             try {

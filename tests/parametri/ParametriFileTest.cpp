@@ -210,6 +210,32 @@ TEST(ParametriFile, MalformedFilesAreRefusedWithLineAndColumn)
     EXPECT_EQ(fault(header + "2022;25;0,01;1100;Compenso;10\n"), "riga 2: la riga ha 6 colonne invece di 8");
     EXPECT_EQ(fault(header + "2022;25;0,01;1100;Compenso;10,123;alta;x\n"),
               "riga 2, colonna valore_medio: «10,123» non è un importo maggiore di zero");
+    // A table is named by its number, "bis" after at most one blank or
+    // hyphen: "-1" names no table, and is not read as table 1.
+    const std::string noTable = "non è una tabella dei parametri: le tabelle sono numerate da 1 a 26, con 20-bis e "
+                                "25-bis";
+    for (const std::string tabella : {"-1", "1-", "--1", "2 5", "1-2", "-25-bis", "25--bis", "0", "27", "20-ter"}) {
+        EXPECT_EQ(fault(header + "2022;" + tabella + ";0,01;1100;Compenso;10;alta;x\n"),
+                  "riga 2, colonna tabella: «" + tabella + "» " + noTable)
+            << tabella;
+    }
+    // Text that is not UTF-8 (a Latin-1 "à") in any cell.
+    EXPECT_EQ(fault(header + "2022;25;0,01;1100;Attivit\xE0;10;alta;x\n"),
+              "riga 2, colonna fase: il testo non è UTF-8 (salvare il file in UTF-8)");
+    EXPECT_EQ(fault(header + "2022;25;0,01;1100;Compenso;10;alta;\xC3\n"),
+              "riga 2, colonna fonte: il testo non è UTF-8 (salvare il file in UTF-8)");
+}
+
+TEST(ParametriFile, TablesAreNamedByNumberWithBisAfterOneBlankOrHyphen)
+{
+    EXPECT_EQ(numeroTabella("2"), "2");
+    EXPECT_EQ(numeroTabella(" 25-bis "), "25-bis");
+    EXPECT_EQ(numeroTabella("25 bis"), "25-bis");
+    EXPECT_EQ(numeroTabella("20BIS"), "20-bis");
+    EXPECT_EQ(numeroTabella("026"), "26");
+    EXPECT_THROW((void)numeroTabella("-1"), ParametriError);
+    EXPECT_THROW((void)numeroTabella("bis"), ParametriError);
+    EXPECT_THROW((void)numeroTabella(""), ParametriError);
 }
 
 TEST(ParametriFile, ReadsAmounts)

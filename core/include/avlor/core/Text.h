@@ -2,6 +2,7 @@
 // The one way text is trimmed of blanks in the component. Each caller names
 // the blanks its input may carry when they differ from the usual ones: a fee
 // table's name loses only spaces, a cell of a fee-table file spaces and tabs.
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -42,6 +43,50 @@ inline constexpr std::string_view Blanks = " \t\r\n\v\f";
         }
     }
     return out;
+}
+
+// True when the bytes are well-formed UTF-8 (no overlong forms, no
+// surrogates, nothing above U+10FFFF).
+[[nodiscard]] inline bool isValidUtf8(std::string_view text) noexcept
+{
+    std::size_t i = 0;
+    while (i < text.size()) {
+        const auto lead = static_cast<unsigned char>(text[i]);
+        std::size_t length = 0;
+        unsigned min = 0;
+        unsigned code = 0;
+        if (lead < 0x80) {
+            ++i;
+            continue;
+        }
+        if (lead >= 0xC2 && lead <= 0xDF) {
+            length = 2;
+            min = 0x80;
+            code = lead & 0x1Fu;
+        } else if (lead >= 0xE0 && lead <= 0xEF) {
+            length = 3;
+            min = 0x800;
+            code = lead & 0x0Fu;
+        } else if (lead >= 0xF0 && lead <= 0xF4) {
+            length = 4;
+            min = 0x10000;
+            code = lead & 0x07u;
+        } else {
+            return false;
+        }
+        if (i + length > text.size())
+            return false;
+        for (std::size_t k = 1; k < length; ++k) {
+            const auto next = static_cast<unsigned char>(text[i + k]);
+            if ((next & 0xC0u) != 0x80u)
+                return false;
+            code = (code << 6) | (next & 0x3Fu);
+        }
+        if (code < min || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF))
+            return false;
+        i += length;
+    }
+    return true;
 }
 
 } // namespace avlor
