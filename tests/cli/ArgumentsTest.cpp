@@ -195,4 +195,21 @@ TEST_F(ArgumentsTest, TariffaSaysWhenAFigureOverflows)
               "32-bit whole number)\n");
 }
 
+// A server location written with its "@host" left out: libpq reads the
+// password as a port, and no message shows it.
+TEST_F(ArgumentsTest, APasswordWrittenWithoutTheHostIsNeverShown)
+{
+    for (const std::string location : {"postgresql://studio:Secr3tPw", "postgresql://studio:Secr3tPw/pratiche",
+                                       "postgres://studio:Secr3tPw?sslmode=disable"}) {
+        for (const std::vector<std::string>& words : {std::vector<std::string>{"--db", location, "db", "versione"},
+                                                      {"--db", location, "tariffe", "elenca", "--tabella", "Diritti94"},
+                                                      {"db", "init", location}}) {
+            const CommandOutcome r = avlor::test::runAvlor(words, folder);
+            EXPECT_EQ(r.status, 1) << location;
+            EXPECT_EQ(r.err.find("Secr3tPw"), std::string::npos) << r.err;
+            EXPECT_NE(r.err.find("studio:***"), std::string::npos) << r.err;
+        }
+    }
+}
+
 } // namespace

@@ -28,6 +28,10 @@ std::vector<std::string> passwordForms(std::string_view location)
         if (const std::size_t colon = authority.find(':'); colon != std::string_view::npos && colon < at) {
             raw.emplace_back(authority.substr(colon + 1, at - colon - 1));
         }
+    } else if (const std::size_t colon = authority.find(':'); colon != std::string_view::npos) {
+        // "postgresql://studio:Secr3tPw": a user and a password with the
+        // "@host" left out, which libpq reads as a host and a port.
+        raw.emplace_back(authority.substr(colon + 1));
     }
     for (std::size_t found = location.find("password=", start); found != std::string_view::npos;
          found = location.find("password=", found + 1)) {
@@ -93,6 +97,15 @@ std::string shownPgLocation(std::string_view location)
         const std::size_t colon = shown.find(':', start);
         if (colon != std::string::npos && colon < at) {
             shown.replace(colon + 1, at - colon - 1, "***");
+        }
+    } else {
+        // Without "@", what follows a ':' of the authority may be a password
+        // written with the host left out ("postgresql://studio:Secr3tPw"): it
+        // is hidden like one, even where it is only a port.
+        const std::size_t end = authorityEnd == std::string::npos ? shown.size() : authorityEnd;
+        const std::size_t colon = shown.find(':', start);
+        if (colon != std::string::npos && colon < end && colon + 1 < end) {
+            shown.replace(colon + 1, end - colon - 1, "***");
         }
     }
     for (std::size_t found = shown.find("password=", start); found != std::string::npos;

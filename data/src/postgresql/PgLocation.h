@@ -10,7 +10,8 @@ namespace avlor {
 [[nodiscard]] bool isPgLocation(std::string_view location) noexcept;
 
 // The location with its password (in the user part, or as a "password"
-// parameter) replaced by "***", for messages.
+// parameter) replaced by "***", for messages. Without "@" in the authority,
+// all that follows its ':' counts as a password.
 [[nodiscard]] std::string shownPgLocation(std::string_view location);
 
 // A message about `location` (libpq's, which may quote a piece of a
