@@ -329,13 +329,13 @@ TEST_F(CommandTest, ErrorsAreOneLineWithAFailureStatus)
     };
     const std::vector<Case> cases = {
         {{"tariffa", "--tabella", "Onorari2005", "--id", "1", "--valore", "1", "--rilevanza", "1"},
-         "avlor: error: \"Onorari2005\" is not a fee table"},
+         "avlor: error: \"Onorari2005\" non è una tabella delle tariffe (le tabelle sono Diritti94, "},
         {{"tariffa", "--tabella", "Diritti94", "--id", "1", "--valore", "12abc", "--rilevanza", "1"},
          "avlor: error: --valore: «12abc» non è un importo: scriverlo per esempio 30000, 30000,50 o 30.000,50\n"},
         {{"call", "AvlorLogic.clsNessuna", "Foo"},
-         "avlor: error: No class is registered under the name 'AvlorLogic.clsNessuna'\n"},
+         "avlor: error: Nessuna classe è registrata con il nome 'AvlorLogic.clsNessuna'\n"},
         {{"call", "AvlorLogic.clsUtenti", "Foo"},
-         "avlor: error: The class AvlorLogic.clsUtenti has no operation named 'Foo'\n"},
+         "avlor: error: La classe AvlorLogic.clsUtenti non ha un'operazione di nome 'Foo'\n"},
     };
     for (const auto& c : cases) {
         const Outcome r = onDemo(c.words);

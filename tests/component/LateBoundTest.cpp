@@ -159,8 +159,8 @@ TEST(LateBoundRegistry, NamesAreMatchedWithoutRegardToLetterCase)
 TEST(LateBoundRegistry, AnUnknownClassIsAClearError)
 {
     EXPECT_EQ(errorOf([] { (void)CreateObject("AvlorLogic.clsNessuna"); }),
-              "No class is registered under the name 'AvlorLogic.clsNessuna'");
-    EXPECT_EQ(errorOf([] { (void)CreateObject(""); }), "No class is registered under the name ''");
+              "Nessuna classe è registrata con il nome 'AvlorLogic.clsNessuna'");
+    EXPECT_EQ(errorOf([] { (void)CreateObject(""); }), "Nessuna classe è registrata con il nome ''");
 }
 
 TEST(LateBoundRegistry, AnUnknownOperationOrAWrongArgumentCountIsAClearError)
@@ -169,9 +169,9 @@ TEST(LateBoundRegistry, AnUnknownOperationOrAWrongArgumentCountIsAClearError)
     std::vector<Value> none;
     std::vector<Value> two{Value(1), Value(2)};
     EXPECT_EQ(errorOf([&] { utenti->invoke("Elimina", none); }),
-              "The class AvlorLogic.clsUtenti has no operation named 'Elimina'");
+              "La classe AvlorLogic.clsUtenti non ha un'operazione di nome 'Elimina'");
     EXPECT_EQ(errorOf([&] { utenti->invoke("GetLivelloRiservatezza", two); }),
-              "AvlorLogic.clsUtenti.GetLivelloRiservatezza takes 1 argument(s), 2 given");
+              "AvlorLogic.clsUtenti.GetLivelloRiservatezza vuole 1 argomento, ricevuti: 2");
 }
 
 TEST_F(LateBoundTest, CalcolaTariffaWritesTheBandBackIntoTheArguments)

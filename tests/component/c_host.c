@@ -157,7 +157,7 @@ int main(int argc, char** argv)
     /* A wrong operation name is reported, not crashed on. */
     expect_status("unknown operation", avlor_call(utenti, "Cancella", NULL, 0, &result), AVLOR_FAILED);
     expect_text("unknown operation message", avlor_last_error(),
-                "The class AvlorLogic.clsUtenti has no operation named 'Cancella'");
+                "La classe AvlorLogic.clsUtenti non ha un'operazione di nome 'Cancella'");
     avlor_release(utenti);
 
     /* Pricing: out-of-court item 10 at 5,200 euro, importance 50. */
@@ -220,7 +220,7 @@ int main(int argc, char** argv)
     avlor_object* none = NULL;
     expect_status("unknown class", avlor_create("AvlorLogic.clsNessuna", &none), AVLOR_FAILED);
     expect_text("unknown class message", avlor_last_error(),
-                "No class is registered under the name 'AvlorLogic.clsNessuna'");
+                "Nessuna classe è registrata con il nome 'AvlorLogic.clsNessuna'");
 
     if (failures == 0)
         printf("c_host: all checks passed\n");

@@ -379,7 +379,7 @@ TEST_F(TariffImport, UnknownTableIsRefusedBeforeReadingTheFile)
         FAIL() << "the file was read";
     } catch (const Error& e) {
         EXPECT_STREQ(e.what(),
-                     "\"Onorari2005Euro\" is not a fee table (the fee tables are Diritti94, Diritti94Euro, "
+                     "\"Onorari2005Euro\" non è una tabella delle tariffe (le tabelle sono Diritti94, Diritti94Euro, "
                      "Diritti2004Euro, Onorari94, Onorari94Euro, Onorari2004Euro, OnorariPenali94, "
                      "OnorariPenali94Euro, OnorariPenali2004Euro, OnorariStrag94, OnorariStrag94Euro, "
                      "OnorariStrag2004Euro)");

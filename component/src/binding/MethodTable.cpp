@@ -35,10 +35,11 @@ DispatchResult TableObject::invoke(const std::string& method, std::vector<Value>
     auto found =
         std::find_if(methods_.begin(), methods_.end(), [&](const Method& m) { return sameName(m.name, method); });
     if (found == methods_.end())
-        throw UsageError("The class " + progId_ + " has no operation named '" + method + "'");
+        throw UsageError("La classe " + progId_ + " non ha un'operazione di nome '" + method + "'");
     if (arguments.size() != found->arity)
-        throw UsageError(progId_ + "." + found->name + " takes " + std::to_string(found->arity) + " argument(s), " +
-                         std::to_string(arguments.size()) + " given");
+        throw UsageError(progId_ + "." + found->name + " vuole " + std::to_string(found->arity) +
+                         (found->arity == 1 ? " argomento" : " argomenti") +
+                         ", ricevuti: " + std::to_string(arguments.size()));
     return found->call(arguments);
 }
 

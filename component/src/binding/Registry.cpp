@@ -44,7 +44,7 @@ std::unique_ptr<AutomationObject> CreateObject(const std::string& progId)
         if (binding::sameName(name, progId))
             return factory();
     }
-    throw UsageError("No class is registered under the name '" + progId + "'");
+    throw UsageError("Nessuna classe è registrata con il nome '" + progId + "'");
 }
 
 } // namespace avlor
