@@ -401,7 +401,7 @@ TEST_F(TariffImport, FromAFileRecordsItsNameAndPlacesFaultsInIt)
         FAIL() << "no error";
     } catch (const TariffFileError& e) {
         EXPECT_EQ(e.file(), "errata.csv");
-        EXPECT_STREQ(e.what(), "errata.csv, line 2, column GipMIN: \"x\" is not an amount");
+        EXPECT_STREQ(e.what(), "errata.csv, riga 2, colonna GipMIN: \"x\" non è un importo");
     }
     try {
         (void)importTariffFile("OnorariPenali2004Euro", db.folder() / "assente.csv");
@@ -410,7 +410,13 @@ TEST_F(TariffImport, FromAFileRecordsItsNameAndPlacesFaultsInIt)
         FAIL() << "wrong error";
     } catch (const Error& e) {
         EXPECT_EQ(std::string(e.what()),
-                  "Cannot read " + (db.folder() / "assente.csv").string() + ": No such file or directory");
+                  "Impossibile leggere " + (db.folder() / "assente.csv").string() + ": No such file or directory");
+    }
+    try {
+        (void)importTariffFile("OnorariPenali2004Euro", db.folder());
+        FAIL() << "no error";
+    } catch (const Error& e) {
+        EXPECT_EQ(std::string(e.what()), "Impossibile leggere " + db.folder().string() + ": è una cartella");
     }
 }
 
