@@ -265,7 +265,8 @@ Value clsUtenti::GetIdOfCurrentUser() const
         // A number that overflowed every numeric type (Id_Utente=1e400) names
         // no user: it takes the fallback like any other failure.
         if (!std::isfinite(number))
-            throw ValueError(ValueError::Kind::Overflow, "Overflow: Id_Utente holds no number that fits");
+            throw ValueError(ValueError::Kind::Overflow,
+                             "Overflow: Id_Utente non contiene un numero che si possa usare");
         return wholeWhenPossible(number);
     });
 }

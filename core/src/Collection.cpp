@@ -8,7 +8,7 @@ namespace avlor {
 void Collection::Add(Value item, std::optional<std::string> key)
 {
     if (key && ContainsKey(*key))
-        throw UsageError("Collection: key \"" + *key + "\" is already present");
+        throw UsageError("Collection: la chiave \"" + *key + "\" è già presente");
     items_.push_back(std::move(item));
     keys_.push_back(std::move(key));
 }
@@ -16,7 +16,7 @@ void Collection::Add(Value item, std::optional<std::string> key)
 const Value& Collection::Item(std::size_t index) const
 {
     if (index < 1 || index > items_.size())
-        throw UsageError("Collection: index " + std::to_string(index) + " is outside 1.." +
+        throw UsageError("Collection: l'indice " + std::to_string(index) + " è fuori da 1.." +
                          std::to_string(items_.size()));
     return items_[index - 1];
 }

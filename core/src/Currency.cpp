@@ -71,7 +71,7 @@ Currency Currency::fromWhole(std::int64_t units)
 {
     std::int64_t raw = 0;
     if (__builtin_mul_overflow(units, Scale, &raw))
-        overflow("whole amount " + std::to_string(units));
+        overflow("importo intero " + std::to_string(units));
     return Currency(raw);
 }
 
@@ -82,8 +82,8 @@ Currency Currency::fromDouble(double value)
     // to a decimal such as 0.00005 lies a little above or below it, so such a
     // tie is decided by the binary value actually held, as it always was.
     if (!std::isfinite(value))
-        overflow("amount is not a finite number");
-    return fromRoundedScaled(roundHalfEven(value * static_cast<double>(Scale)), "amount out of range");
+        overflow("l'importo non è un numero finito");
+    return fromRoundedScaled(roundHalfEven(value * static_cast<double>(Scale)), "importo fuori dall'intervallo");
 }
 
 Currency Currency::fromText(std::string_view text)
@@ -94,7 +94,7 @@ Currency Currency::fromText(std::string_view text)
     const auto number = detail::scanNumber(trimmed);
     if (!number || number->length != trimmed.size())
         throw ValueError(ValueError::Kind::TypeMismatch,
-                         "Type mismatch: \"" + std::string(text) + "\" is not an amount");
+                         "Type mismatch: \"" + std::string(text) + "\" non è un importo");
 
     std::string digits(number->integerDigits);
     digits += number->fractionDigits;
@@ -119,7 +119,7 @@ Currency Currency::fromText(std::string_view text)
     }
 
     const std::uint64_t limit = number->negative ? magnitude(INT64_MIN) : static_cast<std::uint64_t>(INT64_MAX);
-    const std::string what = "amount \"" + std::string(text) + "\"";
+    const std::string what = "importo \"" + std::string(text) + "\"";
     std::uint64_t count = 0;
     for (char c : kept) {
         if (__builtin_mul_overflow(count, 10U, &count) ||

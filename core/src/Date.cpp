@@ -124,7 +124,8 @@ Date Date::fromDayCount(std::int32_t days)
     // shown or stored with.
     if (days < FirstDayCount || days > LastDayCount)
         throw ValueError(ValueError::Kind::Overflow,
-                         "Overflow: day " + std::to_string(days) + " is outside the dates 01/01/0001 to 31/12/9999");
+                         "Overflow: il giorno " + std::to_string(days) +
+                             " è fuori dalle date dal 01/01/0001 al 31/12/9999");
     return Date(days);
 }
 
@@ -132,8 +133,8 @@ Date Date::fromYmd(int year, int month, int day)
 {
     if (!isValidYmd(year, month, day))
         throw ValueError(ValueError::Kind::InvalidDate,
-                         "Invalid date: year " + std::to_string(year) + ", month " + std::to_string(month) + ", day " +
-                             std::to_string(day));
+                         "Invalid date: anno " + std::to_string(year) + ", mese " + std::to_string(month) +
+                             ", giorno " + std::to_string(day));
     return dateOf(year, month, day);
 }
 

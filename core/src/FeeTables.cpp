@@ -58,7 +58,7 @@ FeeTable requireFeeTable(std::string_view sTabella)
     std::string names;
     for (const FeeTable& table : Tables)
         names += (names.empty() ? "" : ", ") + std::string(table.name);
-    throw Error("\"" + std::string(sTabella) + "\" is not a fee table (the fee tables are " + names + ")");
+    throw Error("\"" + std::string(sTabella) + "\" non è una tabella delle tariffe (le tabelle sono " + names + ")");
 }
 
 std::string sqlFeeRow(std::string_view table, std::int32_t id)

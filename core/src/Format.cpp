@@ -17,7 +17,7 @@ int decimalsOf(std::string_view pattern)
         return 2;
     if (pattern == FormatoLire || pattern == FormatoGrigliaLire)
         return 0;
-    throw UsageError("Unknown amount pattern \"" + std::string(pattern) + "\"");
+    throw UsageError("Formato di importo sconosciuto \"" + std::string(pattern) + "\"");
 }
 
 // Digits of `units` in groups of three from the right; no digit at all for 0,

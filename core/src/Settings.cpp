@@ -72,7 +72,7 @@ std::optional<std::string_view> keyName(std::string_view line)
 void requireSingleLine(const std::string& text, const char* what, std::string_view forbidden)
 {
     if (text.find_first_of("\r\n") != std::string::npos || text.find_first_of(forbidden) != std::string::npos)
-        throw UsageError(std::string("Settings: ") + what + " \"" + text + "\" cannot be stored");
+        throw UsageError(std::string("Impostazioni: ") + what + " \"" + text + "\" non si può registrare");
 }
 
 // Sets `key` of `section` in the lines of an INI file, leaving every other
@@ -139,19 +139,19 @@ std::string SettingsStore::read(const std::string& application, const std::strin
     if (reader.ParseError() < 0)
         return defaultValue; // the file could not be read at all
     if (reader.ParseError() > 0)
-        std::cerr << "Settings: line " << reader.ParseError() << " of " << path.string()
-                  << " is not a section or a key=value line and is ignored\n";
+        std::cerr << "Impostazioni: la riga " << reader.ParseError() << " di " << path.string()
+                  << " non è né una sezione né una riga chiave=valore e viene ignorata\n";
     return reader.Get(section, key, defaultValue);
 }
 
 void SettingsStore::write(const std::string& application, const std::string& section, const std::string& key,
                           const std::string& value)
 {
-    requireSingleLine(section, "section", "[]");
-    requireSingleLine(key, "key", "=:[;#");
-    requireSingleLine(value, "value", "");
+    requireSingleLine(section, "la sezione", "[]");
+    requireSingleLine(key, "la chiave", "=:[;#");
+    requireSingleLine(value, "il valore", "");
     if (trimBlanks(section).empty() || trimBlanks(key).empty())
-        throw UsageError("Settings: section and key cannot be empty");
+        throw UsageError("Impostazioni: la sezione e la chiave non possono essere vuote");
 
     const std::filesystem::path path = pathFor(application);
     std::vector<std::string> lines;
@@ -172,7 +172,7 @@ void SettingsStore::write(const std::string& application, const std::string& sec
             out << line << '\n';
         out.flush();
         if (!out)
-            throw SettingsError("Settings: cannot write " + temporary.string());
+            throw SettingsError("Impostazioni: impossibile scrivere " + temporary.string());
     }
     std::filesystem::rename(temporary, path);
 }

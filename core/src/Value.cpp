@@ -25,18 +25,18 @@ Overloaded(Ts...) -> Overloaded<Ts...>;
 
 [[noreturn]] void typeMismatch(const std::string& text, const char* target)
 {
-    throw ValueError(ValueError::Kind::TypeMismatch, "Type mismatch: \"" + text + "\" is not " + target);
+    throw ValueError(ValueError::Kind::TypeMismatch, "Type mismatch: \"" + text + "\" non è " + target);
 }
 
 [[noreturn]] void overflow(const std::string& what, const char* target)
 {
-    throw ValueError(ValueError::Kind::Overflow, "Overflow: " + what + " does not fit " + target);
+    throw ValueError(ValueError::Kind::Overflow, "Overflow: " + what + " non rientra in " + target);
 }
 
 template <class Int>
 constexpr const char* wholeName()
 {
-    return sizeof(Int) == 2 ? "a 16-bit whole number" : "a 32-bit whole number";
+    return sizeof(Int) == 2 ? "un numero intero a 16 bit" : "un numero intero a 32 bit";
 }
 
 // The strict reading of text as a number: the whole trimmed text must be one.
@@ -44,9 +44,9 @@ double strictNumber(const std::string& text)
 {
     const auto number = detail::parseStrictDouble(text);
     if (!number)
-        typeMismatch(text, "a number");
+        typeMismatch(text, "un numero");
     if (!std::isfinite(*number))
-        overflow("\"" + text + "\"", "a double");
+        overflow("\"" + text + "\"", "un numero a doppia precisione");
     return *number;
 }
 
@@ -266,7 +266,7 @@ Date Value::toDate() const
         const double whole = std::trunc(days);
         if (std::isnan(whole) || whole < static_cast<double>(std::numeric_limits<std::int32_t>::min()) ||
             whole > static_cast<double>(std::numeric_limits<std::int32_t>::max()))
-            overflow(std::to_string(days), "a date");
+            overflow(std::to_string(days), "una data");
         return Date::fromDayCount(static_cast<std::int32_t>(whole));
     };
     return std::visit(
@@ -316,18 +316,18 @@ const T& rawAccess(const auto& storage, const char* kindName)
 {
     if (const T* p = std::get_if<T>(&storage))
         return *p;
-    throw ValueError(ValueError::Kind::TypeMismatch, std::string("Type mismatch: the value is not ") + kindName);
+    throw ValueError(ValueError::Kind::TypeMismatch, std::string("Type mismatch: il valore non è ") + kindName);
 }
 
 } // namespace
 
-bool Value::asBoolean() const { return rawAccess<BoolBox>(storage_, "a boolean").value; }
-std::int16_t Value::asInteger() const { return rawAccess<std::int16_t>(storage_, "a 16-bit whole number"); }
-std::int32_t Value::asLong() const { return rawAccess<std::int32_t>(storage_, "a 32-bit whole number"); }
-double Value::asDouble() const { return rawAccess<double>(storage_, "a double"); }
-Currency Value::asCurrency() const { return rawAccess<Currency>(storage_, "a currency amount"); }
-Date Value::asDate() const { return rawAccess<Date>(storage_, "a date"); }
-const std::string& Value::asText() const { return rawAccess<std::string>(storage_, "a text"); }
+bool Value::asBoolean() const { return rawAccess<BoolBox>(storage_, "un valore sì/no").value; }
+std::int16_t Value::asInteger() const { return rawAccess<std::int16_t>(storage_, "un numero intero a 16 bit"); }
+std::int32_t Value::asLong() const { return rawAccess<std::int32_t>(storage_, "un numero intero a 32 bit"); }
+double Value::asDouble() const { return rawAccess<double>(storage_, "un numero a doppia precisione"); }
+Currency Value::asCurrency() const { return rawAccess<Currency>(storage_, "un importo"); }
+Date Value::asDate() const { return rawAccess<Date>(storage_, "una data"); }
+const std::string& Value::asText() const { return rawAccess<std::string>(storage_, "un testo"); }
 
 bool Value::identicalTo(const Value& other) const noexcept { return storage_ == other.storage_; }
 

@@ -86,7 +86,7 @@ void BufferedRecordSet::MoveNext()
     databaseCall("read");
     ensureFetched();
     if (position_ >= rows_.size()) {
-        fail("No current row: the record set is at its end");
+        fail("Nessuna riga corrente: il recordset è alla fine");
     }
     ++position_;
     skipDeleted();
@@ -110,10 +110,10 @@ std::int32_t BufferedRecordSet::RecordCount() const
 void BufferedRecordSet::requireWritable() const
 {
     if (mode_ == Mode::ReadOnly) {
-        fail("The record set was opened read-only");
+        fail("Il recordset è stato aperto in sola lettura");
     }
     if (const std::string reason = source_->whyNotUpdatable(); !reason.empty()) {
-        fail("The record set is not updatable: " + reason);
+        fail("Il recordset non si può modificare: " + reason);
     }
 }
 
@@ -161,7 +161,7 @@ void BufferedRecordSet::Delete()
 {
     requireWritable();
     if (adding_) {
-        fail("No current row to delete: a new row is being added");
+        fail("Nessuna riga corrente da cancellare: si sta aggiungendo una riga nuova");
     }
     Row& row = currentRow();
     databaseCall("delete");
@@ -178,7 +178,7 @@ std::size_t BufferedRecordSet::fieldIndex(const std::string& name) const
             return i;
         }
     }
-    fail("Unknown field '" + name + "'");
+    fail("Campo sconosciuto '" + name + "'");
 }
 
 BufferedRecordSet::Row& BufferedRecordSet::currentRow() const
@@ -187,10 +187,10 @@ BufferedRecordSet::Row& BufferedRecordSet::currentRow() const
         ensureFetched();
     }
     if (position_ >= rows_.size()) {
-        fail("No current row");
+        fail("Nessuna riga corrente");
     }
     if (rows_[position_].deleted) {
-        fail("The current row has been deleted");
+        fail("La riga corrente è stata cancellata");
     }
     return rows_[position_];
 }

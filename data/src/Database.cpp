@@ -40,7 +40,7 @@ std::string environment(const char* name)
 void requireLocation(const std::string& location)
 {
     if (location.empty()) {
-        throw DataError("No database location given");
+        throw DataError("Non è stata indicata la posizione del database");
     }
 }
 
@@ -150,7 +150,8 @@ void createPracticeDatabase(const std::string& location)
     Registry& r = registry();
     const std::lock_guard lock(r.mutex);
     if (r.pool.count(location) != 0) {
-        throw DataError("A database already exists at this location; it is left untouched", shownLocation(location));
+        throw DataError("In questa posizione esiste già un database; è stato lasciato com'era",
+                        shownLocation(location));
     }
     r.pool.emplace(location, makeDatabase(location));
 }
@@ -174,8 +175,8 @@ void requirePracticeDatabase(const std::string& location)
     }
     if (version.isEmpty()) {
         throw DataError(shownLocation(location) +
-                        " is an incomplete practice database: its creation never finished; empty the database and "
-                        "run avlor db init again");
+                        " è un database delle pratiche incompleto: la sua creazione non è mai finita; svuotare il "
+                        "database ed eseguire di nuovo avlor db init");
     }
 }
 

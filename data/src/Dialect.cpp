@@ -120,8 +120,7 @@ std::string Dialect::translate(std::string_view source) const
         if (auto form = matchDateForm(tokens, i)) {
             const std::optional<Date> date = Date::parseDayFirst(dayFirstWithSlashes(form->text));
             if (!date) {
-                throw DataError("Conversion failed when converting '" + form->text + "' to a date",
-                                std::string(source));
+                throw DataError("Conversione non riuscita: '" + form->text + "' non è una data", std::string(source));
             }
             result += dateLiteral(*date);
             i = form->last;
@@ -130,7 +129,8 @@ std::string Dialect::translate(std::string_view source) const
         } else if (token.kind == SqlTokenKind::Symbol && token.text[0] == ';') {
             for (std::size_t j = i + 1; j < tokens.size(); ++j) {
                 if (tokens[j].kind != SqlTokenKind::Blank) {
-                    throw DataError("Only one statement can run at a time: text follows ';'", std::string(source));
+                    throw DataError("Si può eseguire una sola istruzione alla volta: dopo ';' c'è altro testo",
+                                    std::string(source));
                 }
             }
             break;

@@ -42,7 +42,7 @@ Value asDate(const Value& stored)
         if (const auto iso = Date::parseIso(stored.asText())) {
             return Value::date(*iso);
         }
-        throw ValueError(ValueError::Kind::InvalidDate, "Not a date: '" + stored.asText() + "'");
+        throw ValueError(ValueError::Kind::InvalidDate, "Non è una data: '" + stored.asText() + "'");
     }
     return Value::date(stored.toDate());
 }
@@ -62,7 +62,7 @@ Value valueOfKind(const Value& stored, std::int32_t tipoCampo)
     case TipoData:
         return asDate(stored);
     default:
-        throw DataError("Unknown field kind " + std::to_string(tipoCampo) + " (1 text, 2 number, 3 date)");
+        throw DataError("Tipo di campo sconosciuto " + std::to_string(tipoCampo) + " (1 testo, 2 numero, 3 data)");
     }
 }
 

@@ -52,7 +52,8 @@ void databaseCall(const char* what)
     if (s.calls == s.failAt) {
         s.fired = true;
         s.firedAt = what;
-        throw DataError("Injected failure of database call " + std::to_string(s.calls) + " (" + what + ")");
+        throw DataError("Guasto simulato alla chiamata al database numero " + std::to_string(s.calls) + " (" + what +
+                        ")");
     }
 }
 

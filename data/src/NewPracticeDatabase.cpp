@@ -44,13 +44,13 @@ void removeAbandoned(const std::filesystem::path& folder, const std::string& hid
 NewPracticeDatabase::NewPracticeDatabase(std::string location) : location_(std::move(location))
 {
     if (location_.empty()) {
-        throw DataError("No database location given");
+        throw DataError("Non è stata indicata la posizione del database");
     }
     if (isPgLocation(location_)) {
         fill_ = location_;
         server_ = std::dynamic_pointer_cast<PgConnection>(connectionFor(location_));
         if (server_ == nullptr) {
-            throw DataError("Not a PostgreSQL connection", shownPgLocation(location_));
+            throw DataError("Non è una connessione PostgreSQL", shownPgLocation(location_));
         }
         server_->holdTransaction();
         try {
@@ -63,17 +63,20 @@ NewPracticeDatabase::NewPracticeDatabase(std::string location) : location_(std::
     }
     const SqliteLocation where = sqliteLocation(location_);
     if (where.inMemory) {
-        throw DataError("An in-memory database vanishes when the program ends; name a file for the practice database",
+        throw DataError("Un database in memoria sparisce alla chiusura del programma; indicare un file per il database "
+                        "delle pratiche",
                         location_);
     }
     file_ = where.file;
     std::error_code error;
     const auto status = std::filesystem::symlink_status(file_, error);
     if (std::filesystem::is_directory(status)) {
-        throw DataError("This location is a folder; name a file inside it for the practice database", location_);
+        throw DataError(
+            "Questa posizione è una cartella; indicare un file al suo interno per il database delle pratiche",
+            location_);
     }
     if (std::filesystem::exists(status)) {
-        throw DataError("A database already exists at this location; it is left untouched", location_);
+        throw DataError("In questa posizione esiste già un database; è stato lasciato com'era", location_);
     }
     // The folders that do not exist yet, to be removed again on failure.
     const std::filesystem::path folder = std::filesystem::absolute(file_).parent_path();
@@ -87,7 +90,7 @@ NewPracticeDatabase::NewPracticeDatabase(std::string location) : location_(std::
     for (const auto& made : folders_) {
         if (!std::filesystem::create_directory(made, error) && error) {
             discard();
-            throw DataError("Cannot make the folder of the database: " + error.message(), location_);
+            throw DataError("Impossibile creare la cartella del database: " + error.message(), location_);
         }
     }
     const std::string hidden = "." + file_.filename().string() + ".nuovo-";
@@ -112,14 +115,15 @@ NewPracticeDatabase::~NewPracticeDatabase()
 void NewPracticeDatabase::grantWorkstationRole(const std::string& role)
 {
     if (server_ == nullptr) {
-        throw DataError("Workstation roles exist on a PostgreSQL server only", location_);
+        throw DataError("I ruoli delle postazioni esistono solo su un server PostgreSQL", location_);
     }
     bool plain = !role.empty() && role.size() <= 63 && (role.front() < '0' || role.front() > '9');
     for (const char c : role) {
         plain = plain && ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_');
     }
     if (!plain) {
-        throw DataError("'" + role + "' is not a plain role name (letters, digits and '_', not starting with a digit)");
+        throw DataError("'" + role +
+                        "' non è un semplice nome di ruolo (lettere, cifre e '_', senza una cifra all'inizio)");
     }
     const std::string grantee = "\"" + role + "\"";
     const PgResult schema = server_->query("SELECT pg_catalog.quote_ident(pg_catalog.current_schema())", {}, "schema");
@@ -151,7 +155,7 @@ void NewPracticeDatabase::publish()
     std::error_code error;
     if (std::filesystem::exists(fill_ + "-wal", error)) {
         discard();
-        throw DataError("The new database is still in use and cannot be put in place", location_);
+        throw DataError("Il nuovo database è ancora in uso e non si può mettere al suo posto", location_);
     }
     // link() never replaces an existing file: a database that appeared
     // meanwhile stays as it is.
@@ -159,9 +163,10 @@ void NewPracticeDatabase::publish()
         const int failure = errno;
         discard();
         if (failure == EEXIST) {
-            throw DataError("A database already exists at this location; it is left untouched", location_);
+            throw DataError("In questa posizione esiste già un database; è stato lasciato com'era", location_);
         }
-        throw DataError(std::string("Cannot put the new database in place: ") + std::strerror(failure), location_);
+        throw DataError(std::string("Impossibile mettere al suo posto il nuovo database: ") + std::strerror(failure),
+                        location_);
     }
     published_ = true;
     removeFileAndCompanions(fill_);

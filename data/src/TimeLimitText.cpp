@@ -8,7 +8,7 @@ std::string timeLimitText(std::chrono::milliseconds limit)
 {
     if (limit.count() % 1000 == 0) {
         const auto seconds = limit.count() / 1000;
-        return std::to_string(seconds) + (seconds == 1 ? " second" : " seconds");
+        return std::to_string(seconds) + (seconds == 1 ? " secondo" : " secondi");
     }
     return std::to_string(limit.count()) + " ms";
 }

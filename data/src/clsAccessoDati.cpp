@@ -33,8 +33,9 @@ std::shared_ptr<RecordSet> clsAccessoDati::Apri(const std::string& source, std::
 {
     const bool editable = isEditableMode(cursorType, lockType, options);
     if (!editable && !isReadOnlyMode(cursorType, lockType, options)) {
-        throw DataError("Unsupported opening mode " + std::to_string(cursorType) + ", " + std::to_string(lockType) +
-                            ", " + std::to_string(options) + " (read-only 0, 1, -1; editable 1, 3, -1)",
+        throw DataError("Modo di apertura non previsto " + std::to_string(cursorType) + ", " +
+                            std::to_string(lockType) + ", " + std::to_string(options) +
+                            " (sola lettura 0, 1, -1; modificabile 1, 3, -1)",
                         source);
     }
     // The connection is taken on first use, so that making the object never
@@ -50,7 +51,7 @@ std::shared_ptr<RecordSet> clsAccessoDati::Apri(const std::string& source, std::
 RecordSet& clsAccessoDati::Recordset()
 {
     if (!current_) {
-        throw DataError("No record set is open");
+        throw DataError("Nessun recordset è aperto");
     }
     return *current_;
 }

@@ -30,10 +30,10 @@ Wide divideHalfEven(Wide n, Wide d)
 Currency scaledProduct(Currency amount, std::int64_t numerator, std::int64_t denominator)
 {
     if (denominator == 0)
-        throw ValueError(ValueError::Kind::DivisionByZero, "Division by zero in a money amount");
+        throw ValueError(ValueError::Kind::DivisionByZero, "Division by zero: un importo diviso per zero");
     const Wide raw = divideHalfEven(Wide{amount.raw()} * numerator, denominator);
     if (raw > std::numeric_limits<std::int64_t>::max() || raw < std::numeric_limits<std::int64_t>::min())
-        throw ValueError(ValueError::Kind::Overflow, "Money amount out of range");
+        throw ValueError(ValueError::Kind::Overflow, "Overflow: importo fuori dall'intervallo");
     return Currency::fromRaw(static_cast<std::int64_t>(raw));
 }
 

@@ -48,11 +48,11 @@ std::optional<std::string> ungroupThousands(std::string_view integerPart)
 Currency exactAmount(std::string_view original, const std::string& integerDigits, std::string_view decimals)
 {
     if (decimals.size() > 4)
-        refuse(original, "has more than four decimals and cannot be kept exactly");
+        refuse(original, "ha più di quattro decimali e non si può tenere esatto");
     try {
         return Currency::fromText(decimals.empty() ? integerDigits : integerDigits + "." + std::string(decimals));
     } catch (const ValueError&) {
-        refuse(original, "is too large for an amount");
+        refuse(original, "è troppo grande per un importo");
     }
 }
 
@@ -62,11 +62,11 @@ AmountText readAmountText(std::string_view cell)
 {
     const std::string_view text = trimBlanks(cell, tariffe_detail::CellBlanks);
     if (text.empty())
-        refuse(cell, "is not an amount");
+        refuse(cell, "non è un importo");
     if (text.front() == '-')
-        refuse(text, "is negative: fee amounts are never below 0");
+        refuse(text, "è negativo: gli importi delle tariffe non sono mai sotto lo 0");
     if (!std::all_of(text.begin(), text.end(), [](char c) { return (c >= '0' && c <= '9') || c == '.' || c == ','; }))
-        refuse(text, "is not an amount");
+        refuse(text, "non è un importo");
 
     const std::size_t comma = text.find(',');
     const auto points = static_cast<std::size_t>(std::count(text.begin(), text.end(), '.'));
@@ -76,12 +76,14 @@ AmountText readAmountText(std::string_view cell)
         const std::string_view integerPart = text.substr(0, comma);
         const std::string_view decimals = text.substr(comma + 1);
         if (!allDigits(decimals))
-            refuse(text, "is not an amount");
+            refuse(text, "non è un importo");
         const auto digits = integerPart.find('.') == std::string_view::npos
             ? (allDigits(integerPart) ? std::optional<std::string>(integerPart) : std::nullopt)
             : ungroupThousands(integerPart);
         if (!digits)
-            refuse(text, "is not an amount: in Italian notation points group the thousands in threes (1.234,56)");
+            refuse(
+                text,
+                "non è un importo: nella scrittura italiana i punti separano le migliaia a gruppi di tre (1.234,56)");
         out.form = AmountText::Form::Italian;
         out.amount = exactAmount(text, *digits, decimals);
         return out;
@@ -95,7 +97,7 @@ AmountText readAmountText(std::string_view cell)
     if (points > 1) {
         const auto digits = ungroupThousands(text);
         if (!digits)
-            refuse(text, "is not an amount");
+            refuse(text, "non è un importo");
         out.form = AmountText::Form::Italian;
         out.amount = exactAmount(text, *digits, {});
         return out;
@@ -105,7 +107,7 @@ AmountText readAmountText(std::string_view cell)
     const std::string_view integerPart = text.substr(0, point);
     const std::string_view decimals = text.substr(point + 1);
     if (!allDigits(integerPart) || !allDigits(decimals))
-        refuse(text, "is not an amount");
+        refuse(text, "non è un importo");
     const auto grouped = ungroupThousands(text);
     if (grouped && decimals.size() == 3) {
         out.form = AmountText::Form::Ambiguous;
@@ -142,9 +144,9 @@ Currency amountInStyle(const AmountText& cell, std::string_view text, DecimalSty
         return cell.pointReading;
     const std::string trimmed(trimBlanks(text, tariffe_detail::CellBlanks));
     refuse(trimmed,
-           "is ambiguous: nothing else in the file shows whether its point groups thousands (" + cell.amount.toText() +
-               ") or marks decimals (" + cell.pointReading.toText() + "); write " + cell.amount.toText() + " or " +
-               trimmed + ",00 for the first, " + trimmed + "0 for the second");
+           "si può leggere in due modi: nient'altro nel file dice se il punto separa le migliaia (" +
+               cell.amount.toText() + ") o i decimali (" + cell.pointReading.toText() + "); scrivere " +
+               cell.amount.toText() + " o " + trimmed + ",00 per il primo, " + trimmed + "0 per il secondo");
 }
 
 } // namespace avlor

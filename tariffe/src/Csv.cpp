@@ -40,7 +40,8 @@ std::optional<CsvRecord> CsvReader::next()
             while (true) {
                 if (pos_ >= text_.size())
                     throw CsvError(openingLine, record.fields.size(),
-                                   "a quoted field opened on line " + std::to_string(openingLine) + " is never closed");
+                                   "un campo tra virgolette aperto alla riga " + std::to_string(openingLine) +
+                                       " non viene mai chiuso");
                 const char c = text_[pos_];
                 if (c == '"') {
                     if (pos_ + 1 < text_.size() && text_[pos_ + 1] == '"') {
@@ -63,8 +64,7 @@ std::optional<CsvRecord> CsvReader::next()
                 ++pos_;
             }
             if (pos_ < text_.size() && text_[pos_] != separator_ && !isLineBreak(text_[pos_]))
-                throw CsvError(line_, record.fields.size(),
-                               "unexpected text after the closing quote of a quoted field");
+                throw CsvError(line_, record.fields.size(), "testo inatteso dopo le virgolette che chiudono un campo");
         }
 
         if (pos_ >= text_.size()) {
@@ -84,9 +84,9 @@ std::optional<CsvRecord> CsvReader::next()
             return record;
         }
         if (c == '"')
-            throw CsvError(
-                line_, record.fields.size(),
-                "a quote inside an unquoted field: write the whole field between quotes and double the quote");
+            throw CsvError(line_, record.fields.size(),
+                           "virgolette in un campo non racchiuso tra virgolette: scrivere tutto il campo tra "
+                           "virgolette e raddoppiare quelle interne");
         field.text += c;
         ++pos_;
     }

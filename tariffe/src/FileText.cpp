@@ -13,14 +13,14 @@ std::string readFileText(const std::filesystem::path& path)
 {
     std::error_code code;
     if (std::filesystem::is_directory(path, code))
-        throw Error("Cannot read " + path.string() + ": it is a folder");
+        throw Error("Impossibile leggere " + path.string() + ": è una cartella");
     std::ifstream in(path, std::ios::binary);
     if (!in)
-        throw Error("Cannot read " + path.string() + ": " + std::strerror(errno));
+        throw Error("Impossibile leggere " + path.string() + ": " + std::strerror(errno));
     std::ostringstream text;
     text << in.rdbuf();
     if (in.bad())
-        throw Error("Cannot read " + path.string() + ": " + std::strerror(errno));
+        throw Error("Impossibile leggere " + path.string() + ": " + std::strerror(errno));
     return text.str();
 }
 

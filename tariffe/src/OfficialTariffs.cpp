@@ -64,17 +64,17 @@ void requireMatchingSources(const std::vector<ShippedTable>& tables, const std::
             continue;
         if (!shipped.contains({source.table, *source.id}))
             throw TariffFileError(source.line, "Id",
-                                  "item " + std::to_string(*source.id) + " of " + source.table +
-                                      " is not among the shipped items",
+                                  "la voce " + std::to_string(*source.id) + " di " + source.table +
+                                      " non è tra le voci fornite",
                                   SourcesFileName);
         sourced.emplace(source.table, *source.id);
     }
     for (const ShippedTable& table : tables) {
         for (const TariffFileRow& row : table.content.rows) {
             if (!sourced.contains({table.content.table, row.id}))
-                throw TariffFileError(row.line, "Id",
-                                      "item " + std::to_string(row.id) + " has no source in " + SourcesFileName,
-                                      table.fileName);
+                throw TariffFileError(
+                    row.line, "Id", "la voce " + std::to_string(row.id) + " non ha la sua fonte in " + SourcesFileName,
+                    table.fileName);
         }
     }
 }
@@ -96,7 +96,7 @@ std::string environment(const char* name)
 OfficialTariffFiles readOfficialTariffFiles(const fs::path& folder)
 {
     if (!holdsShippedTables(folder))
-        throw Error("The shipped fee tables are not in " + folder.string() + ": " + SourcesFileName + " is missing");
+        throw Error("Le tabelle delle tariffe fornite non sono in " + folder.string() + ": manca " + SourcesFileName);
     OfficialTariffFiles figures{folder.string(), {}};
     figures.files.emplace(SourcesFileName, tariffe_detail::readFileText(folder / SourcesFileName));
     for (const FeeTable& table : feeTables()) {
@@ -111,10 +111,10 @@ OfficialTariffFiles officialTariffFiles()
 {
     if (const std::string chosen = environment("AVLOR_TARIFFE_DIR"); !chosen.empty()) {
         if (!holdsShippedTables(chosen))
-            throw Error("AVLOR_TARIFFE_DIR names " + chosen + ", which holds no " + SourcesFileName);
+            throw Error("AVLOR_TARIFFE_DIR indica " + chosen + ", che non contiene " + SourcesFileName);
         return readOfficialTariffFiles(chosen);
     }
-    OfficialTariffFiles figures{"the figures built into the program", {}};
+    OfficialTariffFiles figures{"le cifre incorporate nel programma", {}};
     for (const tariffe_detail::ShippedTariffFile& file : tariffe_detail::shippedTariffFiles())
         figures.files.emplace(std::string(file.name), std::string(file.text));
     return figures;
@@ -124,7 +124,8 @@ OfficialTariffsResult loadOfficialTariffs(const OfficialTariffFiles& figures)
 {
     const auto sourcesFile = figures.files.find(SourcesFileName);
     if (sourcesFile == figures.files.end())
-        throw Error("The shipped fee tables of " + figures.origin + " have no " + SourcesFileName);
+        throw Error("Manca " + std::string(SourcesFileName) + " tra le tabelle delle tariffe fornite (" +
+                    figures.origin + ")");
     const auto connection = connectionFor(currentDatabase());
     const std::vector<ShippedTable> tables = readShippedTables(figures, connection);
     std::vector<TariffSource> sources;

@@ -34,7 +34,8 @@ std::vector<std::string> matchHeader(const CsvRecord& header, const std::vector<
     for (std::size_t i = 0; i < header.fields.size(); ++i) {
         const std::string_view name = trimBlanks(header.fields[i].text, tariffe_detail::CellBlanks);
         if (name.empty())
-            throw TariffFileError(header.line, "", "column " + std::to_string(i + 1) + " of the header has no name");
+            throw TariffFileError(header.line, "",
+                                  "la colonna " + std::to_string(i + 1) + " dell'intestazione non ha nome");
         std::optional<std::string> spelled;
         for (const std::string& column : known) {
             if (equalsIgnoringCase(column, name))
@@ -42,11 +43,11 @@ std::vector<std::string> matchHeader(const CsvRecord& header, const std::vector<
         }
         if (!spelled)
             throw TariffFileError(header.line, std::string(name),
-                                  "is not a column of " + std::string(owner) + " (its columns are " + listOf(known) +
-                                      ")");
+                                  "non è una colonna di " + std::string(owner) + " (le sue colonne sono " +
+                                      listOf(known) + ")");
         for (const std::string& earlier : columns) {
             if (earlier == *spelled)
-                throw TariffFileError(header.line, *spelled, "is named twice in the header");
+                throw TariffFileError(header.line, *spelled, "compare due volte nell'intestazione");
         }
         columns.push_back(*spelled);
     }

@@ -35,7 +35,7 @@ Header readHeader(RecordSource& source, std::string_view table, const std::vecto
     const auto record = source.next();
     if (!record)
         throw TariffFileError(1, "",
-                              "the file is empty: its first line must name the columns of " + std::string(table) +
+                              "il file è vuoto: la prima riga deve elencare le colonne di " + std::string(table) +
                                   " (" + listOf(tableColumns) + ")");
     Header header;
     header.line = record->line;
@@ -48,7 +48,7 @@ Header readHeader(RecordSource& source, std::string_view table, const std::vecto
             present = present || role == required;
         if (!present) {
             const std::string name(required == FeeColumnRole::Key ? FeeKeyColumn : FeeCodeColumn);
-            throw TariffFileError(header.line, name, "is missing: the header must name the column " + name);
+            throw TariffFileError(header.line, name, "manca: l'intestazione deve comprendere la colonna " + name);
         }
     }
     return header;
@@ -59,7 +59,7 @@ std::int32_t readItemId(const std::string& cell, std::size_t line, const std::st
     if (const auto id = readPositiveId(cell))
         return *id;
     throw TariffFileError(line, column,
-                          "\"" + cell + "\" is not an item id (a whole number from 1 to " +
+                          "\"" + cell + "\" non è l'Id di una voce (un numero intero da 1 a " +
                               std::to_string(std::numeric_limits<std::int32_t>::max()) + ")");
 }
 
@@ -82,13 +82,13 @@ public:
             return;
         if (style_ == DecimalStyle::Unknown) {
             style_ = shown;
-            where_ = "line " + std::to_string(line) + " (column " + column + ", \"" + text + "\")";
+            where_ = "alla riga " + std::to_string(line) + " (colonna " + column + ") \"" + text + "\"";
             return;
         }
         if (shown != style_)
             throw TariffFileError(line, column,
-                                  "\"" + text + "\" is written " + describe(shown) + ", but " + where_ +
-                                      " is written " + describe(style_) + ": keep one notation in the whole file");
+                                  "\"" + text + "\" è scritto " + describe(shown) + ", ma " + where_ + " è scritto " +
+                                      describe(style_) + ": usare una sola scrittura in tutto il file");
     }
 
     [[nodiscard]] DecimalStyle style() const noexcept { return style_; }
@@ -96,7 +96,7 @@ public:
 private:
     static std::string describe(DecimalStyle style)
     {
-        return style == DecimalStyle::Italian ? "in Italian notation (1.234,56)" : "with a decimal point (1234.56)";
+        return style == DecimalStyle::Italian ? "all'italiana (1.234,56)" : "con il punto decimale (1234.56)";
     }
 
     DecimalStyle style_ = DecimalStyle::Unknown;
@@ -116,9 +116,9 @@ public:
     {
         if (record.fields.size() != header_.columns.size())
             throw TariffFileError(record.line, "",
-                                  "has " + std::to_string(record.fields.size()) + " fields where the header names " +
+                                  "ha " + std::to_string(record.fields.size()) + " campi, ma l'intestazione elenca " +
                                       std::to_string(header_.columns.size()) +
-                                      " columns (a text holding a comma must be written between quotes)");
+                                      " colonne (un testo che contiene una virgola va scritto tra virgolette)");
         TariffFileRow row;
         row.line = record.line;
         for (std::size_t i = 0; i < header_.columns.size(); ++i)
@@ -131,7 +131,7 @@ public:
     TariffFile finish()
     {
         if (file_.rows.empty())
-            throw TariffFileError(header_.line + 1, "", "the file has no items after its header");
+            throw TariffFileError(header_.line + 1, "", "il file non ha voci dopo l'intestazione");
         for (const PendingAmount& amount : pending_) {
             TariffFileRow& row = file_.rows[amount.row];
             try {
@@ -152,12 +152,13 @@ private:
             row.id = readItemId(field.text, row.line, column);
             if (const auto [earlier, added] = lineOfId_.emplace(row.id, row.line); !added)
                 throw TariffFileError(row.line, column,
-                                      "item " + std::to_string(row.id) + " already appears on line " +
+                                      "la voce " + std::to_string(row.id) + " compare già alla riga " +
                                           std::to_string(earlier->second));
             return Value::longValue(row.id);
         case FeeColumnRole::Code:
             if (trimBlanks(field.text, tariffe_detail::CellBlanks).empty())
-                throw TariffFileError(row.line, column, "is empty: every item needs its code as the table prints it");
+                throw TariffFileError(row.line, column,
+                                      "è vuota: ogni voce deve avere il suo codice come lo stampa la tariffa");
             return readText(field, row.line, column);
         case FeeColumnRole::Text:
             return readText(field, row.line, column);
@@ -170,7 +171,7 @@ private:
     static Value readText(const CsvField& field, std::size_t line, const std::string& column)
     {
         if (!isValidUtf8(field.text))
-            throw TariffFileError(line, column, "is not UTF-8 text (save the file as UTF-8)");
+            throw TariffFileError(line, column, "non è testo UTF-8 (salvare il file come UTF-8)");
         return field.text.empty() && !field.quoted ? Value::null() : Value::text(field.text);
     }
 

@@ -24,7 +24,7 @@ const std::vector<std::string> SourceColumns{"Tabella", "Id", "Fonte", "Note"};
 std::string textOf(const CsvField& field, std::size_t line, const std::string& column)
 {
     if (!isValidUtf8(field.text))
-        throw TariffFileError(line, column, "is not UTF-8 text (save the file as UTF-8)");
+        throw TariffFileError(line, column, "non è testo UTF-8 (salvare il file come UTF-8)");
     return field.text;
 }
 
@@ -36,11 +36,12 @@ std::vector<TariffSource> readTariffSources(std::string_view text)
     const auto header = records.next();
     if (!header)
         throw TariffFileError(
-            1, "", "the file is empty: its first line must name the columns " + tariffe_detail::listOf(SourceColumns));
+            1, "", "il file è vuoto: la prima riga deve elencare le colonne " + tariffe_detail::listOf(SourceColumns));
     const std::vector<std::string> columns = tariffe_detail::matchHeader(*header, SourceColumns, SourcesTable);
     for (const std::string& required : SourceColumns) {
         if (std::find(columns.begin(), columns.end(), required) == columns.end())
-            throw TariffFileError(header->line, required, "is missing: the header must name the column " + required);
+            throw TariffFileError(header->line, required,
+                                  "manca: l'intestazione deve comprendere la colonna " + required);
     }
     records.setColumns(&columns);
 
@@ -50,8 +51,8 @@ std::vector<TariffSource> readTariffSources(std::string_view text)
         const std::size_t line = record->line;
         if (record->fields.size() != columns.size())
             throw TariffFileError(line, "",
-                                  "has " + std::to_string(record->fields.size()) + " fields where the header names " +
-                                      std::to_string(columns.size()) + " columns");
+                                  "ha " + std::to_string(record->fields.size()) + " campi, ma l'intestazione elenca " +
+                                      std::to_string(columns.size()) + " colonne");
         TariffSource source;
         source.line = line;
         for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -60,7 +61,7 @@ std::vector<TariffSource> readTariffSources(std::string_view text)
             if (column == "Tabella") {
                 const auto table = feeTableNamed(field.text);
                 if (!table)
-                    throw TariffFileError(line, column, "\"" + field.text + "\" is not a fee table");
+                    throw TariffFileError(line, column, "\"" + field.text + "\" non è una tabella delle tariffe");
                 source.table = std::string(table->name);
             } else if (column == "Id") {
                 if (trimBlanks(field.text, tariffe_detail::CellBlanks).empty())
@@ -68,22 +69,22 @@ std::vector<TariffSource> readTariffSources(std::string_view text)
                 source.id = tariffe_detail::readPositiveId(field.text);
                 if (!source.id)
                     throw TariffFileError(line, column,
-                                          "\"" + field.text + "\" is not an item id (a whole number from 1 to " +
+                                          "\"" + field.text + "\" non è l'Id di una voce (un numero intero da 1 a " +
                                               std::to_string(std::numeric_limits<std::int32_t>::max()) +
-                                              ", or empty for the table's note)");
+                                              ", oppure vuoto per la nota della tabella)");
             } else if (column == "Fonte") {
                 source.fonte = textOf(field, line, column);
                 if (trimBlanks(source.fonte, tariffe_detail::CellBlanks).empty())
-                    throw TariffFileError(line, column, "is empty: every row names where its figures come from");
+                    throw TariffFileError(line, column, "è vuota: ogni riga dice da dove vengono le sue cifre");
             } else if (!field.text.empty() || field.quoted) {
                 source.note = textOf(field, line, column);
             }
         }
         if (!seen.emplace(source.table, source.id.value_or(0)).second)
             throw TariffFileError(line, "Id",
-                                  source.id ? "item " + std::to_string(*source.id) + " of " + source.table +
-                                          " already has its source"
-                                            : source.table + " already has its note");
+                                  source.id ? "la voce " + std::to_string(*source.id) + " di " + source.table +
+                                          " ha già la sua fonte"
+                                            : source.table + " ha già la sua nota");
         sources.push_back(std::move(source));
     }
     return sources;

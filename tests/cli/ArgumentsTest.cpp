@@ -191,8 +191,8 @@ TEST_F(ArgumentsTest, TariffaSaysWhenAFigureOverflows)
     const CommandOutcome r = onDemo(
         {"tariffa", "--tabella", "OnorariStrag94", "--id", "10", "--valore", "922337203685", "--rilevanza", "100"});
     EXPECT_EQ(r.err,
-              "avlor: error: le cifre superano l'intervallo degli importi (Overflow: 9298322037 does not fit a "
-              "32-bit whole number)\n");
+              "avlor: error: le cifre superano l'intervallo degli importi (Overflow: 9298322037 non rientra in un "
+              "numero intero a 32 bit)\n");
 }
 
 // A server location written with its "@host" left out: libpq reads the

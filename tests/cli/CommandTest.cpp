@@ -361,7 +361,7 @@ TEST_F(CommandTest, ErrorsAreOneLineWithAFailureStatus)
     };
     const std::vector<Case> cases = {
         {{"tariffa", "--tabella", "Onorari2005", "--id", "1", "--valore", "1", "--rilevanza", "1"},
-         "avlor: error: \"Onorari2005\" is not a fee table"},
+         "avlor: error: \"Onorari2005\" non è una tabella delle tariffe (le tabelle sono Diritti94, "},
         {{"tariffa", "--tabella", "Diritti94", "--id", "1", "--valore", "12abc", "--rilevanza", "1"},
          "avlor: error: --valore: «12abc» non è un importo: scriverlo per esempio 30000, 30000,50 o 30.000,50\n"},
         {{"call", "AvlorLogic.clsNessuna", "Foo"},

@@ -235,6 +235,9 @@ TEST_F(DatabaseFilesTest, AFailedInitLeavesNoDatabaseAndNoFolderItMade)
     const fs::path db = work / "nuova" / "cartella" / "p.db";
     const CommandOutcome failed = avlor({"db", "init", db.string(), "--demo"}, brokenTariffs());
     EXPECT_EQ(failed.status, 1);
+    EXPECT_EQ(failed.err,
+              "avlor: error: OnorariStrag2004Euro.csv, riga 11, colonna Id: la voce 99 non ha la sua "
+              "fonte in FonteTariffe.csv\n");
     EXPECT_EQ(namesIn(work), std::set<std::string>{});
     // ... and a new run simply works.
     const CommandOutcome made = avlor({"db", "init", db.string(), "--demo"});
@@ -247,14 +250,23 @@ TEST_F(DatabaseFilesTest, InitRefusesWhatCannotHoldAPracticeDatabase)
     CommandOutcome r = avlor({"db", "init", ":memory:"});
     EXPECT_EQ(r.status, 1);
     EXPECT_EQ(r.err,
-              "avlor: error: An in-memory database vanishes when the program ends; name a file for the "
-              "practice database [:memory:]\n");
+              "avlor: error: Un database in memoria sparisce alla chiusura del programma; indicare un file per "
+              "il database delle pratiche [:memory:]\n");
     r = avlor({"db", "init", work.string()});
     EXPECT_EQ(r.status, 1);
     EXPECT_EQ(r.err,
-              "avlor: error: This location is a folder; name a file inside it for the practice database [" +
+              "avlor: error: Questa posizione è una cartella; indicare un file al suo interno per il database delle "
+              "pratiche [" +
                   work.string() + "]\n");
     EXPECT_EQ(namesIn(work), std::set<std::string>{});
+    const fs::path taken = work / "altro.txt";
+    writeText(taken, "x\n");
+    r = avlor({"db", "init", taken.string()});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(r.err,
+              "avlor: error: In questa posizione esiste già un database; è stato lasciato com'era [" + taken.string() +
+                  "]\n");
+    EXPECT_EQ(fileText(taken), "x\n");
 }
 
 // `db init` killed at moments spread over its whole run: afterwards the

@@ -76,10 +76,11 @@ TEST(FeeTables, RequiringATableNamesTheTablesWhenTheNameIsNoTable)
         static_cast<void>(requireFeeTable("Onorari"));
         FAIL() << "no error";
     } catch (const Error& error) {
-        EXPECT_STREQ(error.what(),
-                     "\"Onorari\" is not a fee table (the fee tables are Diritti94, Diritti94Euro, Diritti2004Euro, "
-                     "Onorari94, Onorari94Euro, Onorari2004Euro, OnorariPenali94, OnorariPenali94Euro, "
-                     "OnorariPenali2004Euro, OnorariStrag94, OnorariStrag94Euro, OnorariStrag2004Euro)");
+        EXPECT_STREQ(
+            error.what(),
+            "\"Onorari\" non è una tabella delle tariffe (le tabelle sono Diritti94, Diritti94Euro, Diritti2004Euro, "
+            "Onorari94, Onorari94Euro, Onorari2004Euro, OnorariPenali94, OnorariPenali94Euro, "
+            "OnorariPenali2004Euro, OnorariStrag94, OnorariStrag94Euro, OnorariStrag2004Euro)");
     }
 }
 

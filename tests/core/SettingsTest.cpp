@@ -110,8 +110,8 @@ TEST_F(SettingsStoreTest, AMalformedLineIsSkippedAndReportedAndTheRestIsRead)
     testing::internal::CaptureStderr();
     EXPECT_EQ(SettingsStore::read(AppAvlor, SezioneShared, ChiaveIdUtente, "-1"), "5");
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "Settings: line 3 of " + (folder_ / "bad.ini").string() +
-                  " is not a section or a key=value line and is ignored\n");
+              "Impostazioni: la riga 3 di " + (folder_ / "bad.ini").string() +
+                  " non è né una sezione né una riga chiave=valore e viene ignorata\n");
     writeText(folder_ / "bad.ini", "[Other]\nfoo bar\n[Shared]\nId_Utente=5\n");
     testing::internal::CaptureStderr();
     EXPECT_EQ(SettingsStore::read(AppAvlor, SezioneShared, ChiaveIdUtente, "-1"), "5");

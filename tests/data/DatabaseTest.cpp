@@ -242,7 +242,7 @@ TEST(Create, ServerLocationsGoToThePostgresqlBackend)
             createPracticeDatabase(location);
             FAIL() << location;
         } catch (const DataError& error) {
-            EXPECT_NE(std::string(error.what()).find("Cannot connect to the PostgreSQL server"), std::string::npos)
+            EXPECT_NE(std::string(error.what()).find("Impossibile collegarsi al server PostgreSQL"), std::string::npos)
                 << error.what();
             EXPECT_EQ(error.statement(), location);
         }

@@ -199,7 +199,7 @@ TEST_F(InsertRows, UnknownTableOrColumnAndRowsOfTheWrongWidthAreRefused)
         connection->insertRows("FonteTariffe", SourceColumns, rows);
         FAIL() << "no error";
     } catch (const DataError& e) {
-        EXPECT_NE(std::string(e.what()).find("Row 2 gives 3 values for 4 columns"), std::string::npos) << e.what();
+        EXPECT_NE(std::string(e.what()).find("La riga 2 dà 3 valori per 4 colonne"), std::string::npos) << e.what();
     }
     EXPECT_EQ(db.value("SELECT Count(*) FROM FonteTariffe").asLong(), 0);
 }

@@ -122,6 +122,34 @@ TEST_F(FieldKinds, UnknownKindOrFieldIsAnError)
     EXPECT_THROW((void)one.Campo("NoSuchField", TipoTesto), DataError);
 }
 
+// The record-access errors tell a person what went wrong, in Italian, with
+// the statement they concern.
+TEST_F(FieldKinds, ErrorsSayWhatWentWrong)
+{
+    const auto messageOf = [](auto&& operation) -> std::string {
+        try {
+            operation();
+        } catch (const DataError& e) {
+            return e.what();
+        }
+        ADD_FAILURE() << "no error raised";
+        return {};
+    };
+    EXPECT_EQ(messageOf([&] { (void)one.Campo("Descr", 4); }),
+              "Tipo di campo sconosciuto 4 (1 testo, 2 numero, 3 data)");
+    EXPECT_EQ(messageOf([&] { (void)one.Campo("NoSuchField", TipoTesto); }),
+              "Campo sconosciuto 'NoSuchField' [SELECT * FROM Azioni WHERE IdAzione = 2]");
+    one.Recordset().MoveNext(); // past the only row
+    EXPECT_EQ(messageOf([&] { one.Recordset().MoveNext(); }),
+              "Nessuna riga corrente: il recordset è alla fine [SELECT * FROM Azioni WHERE IdAzione = 2]");
+    EXPECT_EQ(messageOf([&] { (void)one.Campo("Descr", TipoTesto); }),
+              "Nessuna riga corrente [SELECT * FROM Azioni WHERE IdAzione = 2]");
+    clsAccessoDati none;
+    EXPECT_EQ(messageOf([&] { (void)none.Recordset(); }), "Nessun recordset è aperto");
+    EXPECT_EQ(messageOf([&] { none.Apri("Versioni", 0, 3, -1); }),
+              "Modo di apertura non previsto 0, 3, -1 (sola lettura 0, 1, -1; modificabile 1, 3, -1) [Versioni]");
+}
+
 TEST_F(FieldKinds, FieldNamesIgnoreLetterCase)
 {
     EXPECT_EQ(one.Campo("descr", TipoTesto).asText(), "Studio");
@@ -230,9 +258,9 @@ TEST_F(PracticeTest, RejectedStatements)
     expectRejected("SELECT Nordine2 FROM Azioni",
                    TestDatabase::byBackend("no such column: Nordine2", "column \"nordine2\" does not exist"));
     expectRejected("Pippo", TestDatabase::byBackend("no such table: Pippo", "relation \"pippo\" does not exist"));
-    expectRejected("SELECT 1; SELECT 2", "Only one statement");
-    expectRejected("", "No statement");
-    expectRejected("DELETE FROM Azioni", "Not a query");
+    expectRejected("SELECT 1; SELECT 2", "Si può eseguire una sola istruzione alla volta");
+    expectRejected("", "Nessuna istruzione da eseguire");
+    expectRejected("DELETE FROM Azioni", "Non è un'interrogazione");
 }
 
 TEST_F(PracticeTest, ErrorsCarryTheDriverCode)

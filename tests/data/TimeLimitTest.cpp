@@ -28,7 +28,7 @@ TEST(TimeLimit, ARunawayQueryIsStoppedAtTheLimit)
         ADD_FAILURE() << "the query ran to an end";
     } catch (const DataError& e) {
         EXPECT_EQ(std::string(e.what()),
-                  "The statement ran longer than the time limit of 300 ms and was stopped [" + endless + "]");
+                  "L'istruzione ha superato il tempo massimo di 300 ms ed è stata fermata [" + endless + "]");
     }
     EXPECT_LT(std::chrono::steady_clock::now() - started, std::chrono::seconds(10));
     // Record sets are stopped the same way.
@@ -39,8 +39,8 @@ TEST(TimeLimit, ARunawayQueryIsStoppedAtTheLimit)
 TEST(TimeLimit, TheDefaultLimitIsAMinute)
 {
     EXPECT_EQ(Connection::DefaultStatementTimeLimit, std::chrono::seconds(60));
-    EXPECT_EQ(timeLimitText(std::chrono::seconds(60)), "60 seconds");
-    EXPECT_EQ(timeLimitText(std::chrono::seconds(1)), "1 second");
+    EXPECT_EQ(timeLimitText(std::chrono::seconds(60)), "60 secondi");
+    EXPECT_EQ(timeLimitText(std::chrono::seconds(1)), "1 secondo");
     EXPECT_EQ(timeLimitText(std::chrono::milliseconds(1500)), "1500 ms");
 }
 

@@ -294,7 +294,7 @@ void expectNotUpdatable(const std::string& statement)
         data.ImpostaCampo(field, Value(1));
         FAIL() << statement;
     } catch (const DataError& error) {
-        EXPECT_NE(std::string(error.what()).find("not updatable"), std::string::npos) << error.what();
+        EXPECT_NE(std::string(error.what()).find("non si può modificare"), std::string::npos) << error.what();
         EXPECT_EQ(error.statement(), statement);
     }
     EXPECT_THROW(rows->AddNew(), DataError);

@@ -52,8 +52,8 @@ protected:
             EXPECT_FALSE(shown.empty()) << "k=" << k;
             if (!shown.empty()) {
                 EXPECT_EQ(shown.back().icon, MsgIcon::Critical) << "k=" << k;
-                EXPECT_NE(shown.back().text.find("Nessuna modifica e' stata registrata.\r\rInjected failure of "
-                                                 "database call " +
+                EXPECT_NE(shown.back().text.find("Nessuna modifica e' stata registrata.\r\rGuasto simulato alla "
+                                                 "chiamata al database numero " +
                                                  std::to_string(k) + " (" + firedAt + ")"),
                           std::string::npos)
                     << "k=" << k << ": " << shown.back().text;

@@ -108,7 +108,7 @@ TEST_F(ServerCommand, InitRefusesADatabaseThatHoldsTablesAndWritesNothing)
                      "(SELECT count(*) FROM FonteTariffe) || '/' || (SELECT count(*) FROM Utenti)");
     const Outcome again = avlor({"db", "init", server.location(), "--demo"});
     EXPECT_NE(again.status, 0);
-    EXPECT_NE(again.err.find("The database already holds tables; it is left untouched"), std::string::npos)
+    EXPECT_NE(again.err.find("Il database contiene già delle tabelle; è stato lasciato com'era"), std::string::npos)
         << again.err;
     EXPECT_EQ(session.text("SELECT (SELECT count(*) FROM Diritti94) || '/' || (SELECT count(*) FROM FonteTariffe) || "
                            "'/' || (SELECT count(*) FROM Utenti)"),

@@ -45,7 +45,7 @@ TEST(ServerConnection, RefusedConnectionSaysSo)
     const std::string location = withPort(TestDatabase::serverUri(), freePort());
     const DataError error = firstError(location);
     EXPECT_EQ(error.driverCode(), "08001");
-    EXPECT_TRUE(contains(error.what(), "Cannot connect to the PostgreSQL server")) << error.what();
+    EXPECT_TRUE(contains(error.what(), "Impossibile collegarsi al server PostgreSQL")) << error.what();
     EXPECT_TRUE(contains(error.what(), "Connection refused")) << error.what();
     EXPECT_EQ(error.statement(), location);
     // The record-access classes report it the same way; nothing is pooled.
@@ -92,7 +92,7 @@ TEST(ServerConnection, DatabaseWithoutTheSchemaSaysSo)
     } catch (const DataError& error) {
         EXPECT_EQ(error.driverCode(), "42P01");
         EXPECT_EQ(error.statement(), "Versioni");
-        EXPECT_TRUE(contains(error.what(), "holds no practice schema")) << error.what();
+        EXPECT_TRUE(contains(error.what(), "non contiene lo schema delle pratiche")) << error.what();
         EXPECT_TRUE(contains(error.what(), "relation \"versioni\" does not exist")) << error.what();
     }
     EXPECT_EQ(clsDataBase().VersioneMdb().toLong(), -1);
@@ -130,7 +130,7 @@ TEST(ServerConnection, DatabaseWithOtherTablesIsLeftUntouched)
         createPracticeDatabase(other.location());
         FAIL();
     } catch (const DataError& error) {
-        EXPECT_TRUE(contains(error.what(), "already holds tables")) << error.what();
+        EXPECT_TRUE(contains(error.what(), "contiene già delle tabelle")) << error.what();
         EXPECT_EQ(error.statement(), other.location());
     }
     EXPECT_EQ(session.text("SELECT count(*) FROM pg_class WHERE relnamespace = 'public'::regnamespace"), "0");
@@ -152,7 +152,7 @@ TEST(ServerConnection, LostSessionIsReplacedByTheNextOperation)
         clsAccessoDati().Apri("SELECT * FROM Azioni", 0, 1, -1);
         FAIL() << "the lost session went unnoticed";
     } catch (const DataError& error) {
-        EXPECT_TRUE(contains(error.what(), "connection to the PostgreSQL server was lost")) << error.what();
+        EXPECT_TRUE(contains(error.what(), "connessione al server PostgreSQL si è interrotta")) << error.what();
         EXPECT_EQ(error.statement(), "SELECT * FROM Azioni");
     }
     clsAccessoDati data;
@@ -218,7 +218,7 @@ TEST(ServerConnection, SessionCommandsAreNotQueries)
             clsAccessoDati().Apri(statement, 0, 1, -1);
             ADD_FAILURE() << statement;
         } catch (const DataError& error) {
-            EXPECT_TRUE(contains(error.what(), "Not a query")) << error.what();
+            EXPECT_TRUE(contains(error.what(), "Non è un'interrogazione")) << error.what();
         }
         EXPECT_THROW((void)clsValoreSql::instance().ValoreSql(statement), DataError) << statement;
     }

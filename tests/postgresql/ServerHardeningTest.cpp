@@ -106,7 +106,7 @@ TEST_F(ServerHardening, AStatementPastTheTimeLimitIsStoppedWithAClearError)
         ADD_FAILURE() << "the sleep ran to its end";
     } catch (const DataError& e) {
         EXPECT_EQ(std::string(e.what()),
-                  "The statement ran longer than the time limit of 300 ms and was stopped [" +
+                  "L'istruzione ha superato il tempo massimo di 300 ms ed è stata fermata [" +
                       clientCount("1 AND pg_sleep(30) IS NOT NULL") + "]");
     }
     EXPECT_LT(std::chrono::steady_clock::now() - started, std::chrono::seconds(10));
@@ -140,8 +140,8 @@ TEST_F(ServerHardening, AWriterWaitsForAnotherWorkstationsWrite)
         ADD_FAILURE() << "the write did not wait";
     } catch (const DataError& e) {
         const std::string what = e.what();
-        EXPECT_EQ(what.rfind("Another program kept the rows locked for writing for 500 ms; try again when it has "
-                             "finished [",
+        EXPECT_EQ(what.rfind("Un altro programma ha tenuto le righe bloccate in scrittura per 500 ms; riprovare quando "
+                             "avrà finito [",
                              0),
                   0u)
             << what;

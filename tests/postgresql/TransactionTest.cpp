@@ -183,7 +183,7 @@ TEST_F(Transactions, AnInjectedFaultFailsTheChosenCallOnly)
         data.Recordset().Update(); // 3: update
         ADD_FAILURE() << "the third call did not fail";
     } catch (const DataError& error) {
-        EXPECT_EQ(std::string(error.what()), "Injected failure of database call 3 (update)");
+        EXPECT_EQ(std::string(error.what()), "Guasto simulato alla chiamata al database numero 3 (update)");
     }
     EXPECT_TRUE(fault.fired());
     EXPECT_EQ(fault.firedAt(), "update");

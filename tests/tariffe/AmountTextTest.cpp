@@ -63,9 +63,9 @@ TEST(AmountText, OnePointAndThreeDigitsIsAmbiguousUntilTheFileDecides)
         FAIL() << "no error";
     } catch (const ValueError& e) {
         EXPECT_STREQ(e.what(),
-                     "\"1.055\" is ambiguous: nothing else in the file shows whether its point groups "
-                     "thousands (1055) or marks decimals (1.055); write 1055 or 1.055,00 for the first, "
-                     "1.0550 for the second");
+                     "\"1.055\" si può leggere in due modi: nient'altro nel file dice se il punto separa le "
+                     "migliaia (1055) o i decimali (1.055); scrivere 1055 o 1.055,00 per il primo, "
+                     "1.0550 per il secondo");
     }
 }
 
@@ -77,7 +77,7 @@ TEST(AmountText, AtMostFourDecimals)
         (void)readAmountText("12.34567");
         FAIL() << "no error";
     } catch (const ValueError& e) {
-        EXPECT_STREQ(e.what(), "\"12.34567\" has more than four decimals and cannot be kept exactly");
+        EXPECT_STREQ(e.what(), "\"12.34567\" ha più di quattro decimali e non si può tenere esatto");
     }
     EXPECT_THROW((void)readAmountText("12,34567"), ValueError);
 }
@@ -97,7 +97,7 @@ TEST(AmountText, RefusesNegativeAmounts)
         (void)readAmountText("-5");
         FAIL() << "no error";
     } catch (const ValueError& e) {
-        EXPECT_STREQ(e.what(), "\"-5\" is negative: fee amounts are never below 0");
+        EXPECT_STREQ(e.what(), "\"-5\" è negativo: gli importi delle tariffe non sono mai sotto lo 0");
     }
 }
 
@@ -108,7 +108,7 @@ TEST(AmountText, RefusesAmountsBeyondCurrency)
         (void)readAmountText("922337203685478");
         FAIL() << "no error";
     } catch (const ValueError& e) {
-        EXPECT_STREQ(e.what(), "\"922337203685478\" is too large for an amount");
+        EXPECT_STREQ(e.what(), "\"922337203685478\" è troppo grande per un importo");
     }
 }
 

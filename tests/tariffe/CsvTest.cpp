@@ -111,7 +111,7 @@ TEST(Csv, UnclosedQuoteNamesTheLineWhereItOpened)
     } catch (const CsvError& e) {
         EXPECT_EQ(e.line(), 2U);
         EXPECT_EQ(e.fieldIndex(), 1U);
-        EXPECT_STREQ(e.what(), "a quoted field opened on line 2 is never closed");
+        EXPECT_STREQ(e.what(), "un campo tra virgolette aperto alla riga 2 non viene mai chiuso");
     }
 }
 
@@ -124,7 +124,7 @@ TEST(Csv, TextAfterClosingQuoteIsRefused)
     } catch (const CsvError& e) {
         EXPECT_EQ(e.line(), 1U);
         EXPECT_EQ(e.fieldIndex(), 0U);
-        EXPECT_STREQ(e.what(), "unexpected text after the closing quote of a quoted field");
+        EXPECT_STREQ(e.what(), "testo inatteso dopo le virgolette che chiudono un campo");
     }
 }
 
@@ -136,6 +136,9 @@ TEST(Csv, QuoteInsideUnquotedFieldIsRefused)
         FAIL() << "no error";
     } catch (const CsvError& e) {
         EXPECT_EQ(e.fieldIndex(), 1U);
+        EXPECT_STREQ(e.what(),
+                     "virgolette in un campo non racchiuso tra virgolette: scrivere tutto il campo tra "
+                     "virgolette e raddoppiare quelle interne");
     }
 }
 

@@ -259,8 +259,8 @@ TEST_F(BrokenShipment, ABadCellInTheLastFileLoadsNothing)
         FAIL() << "no error";
     } catch (const TariffFileError& e) {
         EXPECT_STREQ(e.what(),
-                     "OnorariStrag2004Euro.csv, line 11, column CodiceTariffa: is empty: every item needs "
-                     "its code as the table prints it");
+                     "OnorariStrag2004Euro.csv, riga 11, colonna CodiceTariffa: è vuota: ogni voce deve avere "
+                     "il suo codice come lo stampa la tariffa");
     }
     EXPECT_EQ(itemsInDatabase(), 0);
 }
@@ -273,7 +273,7 @@ TEST_F(BrokenShipment, AnItemWithoutItsSourceLoadsNothing)
         FAIL() << "no error";
     } catch (const TariffFileError& e) {
         EXPECT_STREQ(e.what(),
-                     "OnorariStrag2004Euro.csv, line 11, column Id: item 10 has no source in "
+                     "OnorariStrag2004Euro.csv, riga 11, colonna Id: la voce 10 non ha la sua fonte in "
                      "FonteTariffe.csv");
     }
     EXPECT_EQ(itemsInDatabase(), 0);
@@ -288,7 +288,7 @@ TEST_F(BrokenShipment, ASourceOfAnItemNotShippedLoadsNothing)
     } catch (const TariffFileError& e) {
         EXPECT_EQ(e.file(), "FonteTariffe.csv");
         EXPECT_EQ(e.column(), "Id");
-        EXPECT_EQ(e.reason(), "item 391 of Diritti2004Euro is not among the shipped items");
+        EXPECT_EQ(e.reason(), "la voce 391 di Diritti2004Euro non è tra le voci fornite");
     }
     EXPECT_EQ(itemsInDatabase(), 0);
 }
@@ -319,7 +319,7 @@ TEST_F(BrokenShipment, TheFolderOfTheEnvironmentIsLoadedInstead)
         FAIL() << "no error";
     } catch (const Error& e) {
         EXPECT_EQ(std::string(e.what()),
-                  "AVLOR_TARIFFE_DIR names " + db.folder().string() + ", which holds no FonteTariffe.csv");
+                  "AVLOR_TARIFFE_DIR indica " + db.folder().string() + ", che non contiene FonteTariffe.csv");
     }
 }
 

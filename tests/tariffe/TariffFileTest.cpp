@@ -93,9 +93,9 @@ TEST(TariffFile, MixedNotationsAreRefusedAtTheSecondNotation)
     EXPECT_EQ(e.line(), 3U);
     EXPECT_EQ(e.column(), "SCA1MIN");
     EXPECT_STREQ(e.what(),
-                 "line 3, column SCA1MIN: \"12.50\" is written with a decimal point (1234.56), but line 2 "
-                 "(column SCA1MIN, \"1.234,50\") is written in Italian notation (1.234,56): keep one "
-                 "notation in the whole file");
+                 "riga 3, colonna SCA1MIN: \"12.50\" è scritto con il punto decimale (1234.56), ma alla riga 2 "
+                 "(colonna SCA1MIN) \"1.234,50\" è scritto all'italiana (1.234,56): usare una sola "
+                 "scrittura in tutto il file");
 }
 
 TEST(TariffFile, EmptyAmountIsZeroAndUnquotedEmptyTextIsNull)
@@ -146,52 +146,54 @@ INSTANTIATE_TEST_SUITE_P(
     Faults, TariffFileFault,
     testing::Values(
         Fault{"empty", "", 1, "",
-              "line 1: the file is empty: its first line must name the columns of Onorari94Euro (Id, CodiceTariffa, "
+              "riga 1: il file è vuoto: la prima riga deve elencare le colonne di Onorari94Euro (Id, CodiceTariffa, "
               "Azione, Autorita, SCA1MIN, SCA1MAX, SCA2MIN, SCA2MAX)"},
         Fault{"blank lines only", "\n\r\n  \n", 1, "",
-              "line 1: the file is empty: its first line must name the columns of Onorari94Euro (Id, CodiceTariffa, "
+              "riga 1: il file è vuoto: la prima riga deve elencare le colonne di Onorari94Euro (Id, CodiceTariffa, "
               "Azione, Autorita, SCA1MIN, SCA1MAX, SCA2MIN, SCA2MAX)"},
-        Fault{"header only", "Id,CodiceTariffa\n", 2, "", "line 2: the file has no items after its header"},
+        Fault{"header only", "Id,CodiceTariffa\n", 2, "", "riga 2: il file non ha voci dopo l'intestazione"},
         Fault{"unknown column", "Id,CodiceTariffa,SCA12MIN\n1,a,3\n", 1, "SCA12MIN",
-              "line 1, column SCA12MIN: is not a column of Onorari94Euro (its columns are Id, CodiceTariffa, Azione, "
+              "riga 1, colonna SCA12MIN: non è una colonna di Onorari94Euro (le sue colonne sono Id, CodiceTariffa, "
+              "Azione, "
               "Autorita, SCA1MIN, SCA1MAX, SCA2MIN, SCA2MAX)"},
         Fault{"column named twice", "Id,CodiceTariffa,SCA1MIN,sca1min\n1,a,3,4\n", 1, "SCA1MIN",
-              "line 1, column SCA1MIN: is named twice in the header"},
-        Fault{"nameless column", "Id,,CodiceTariffa\n1,2,a\n", 1, "", "line 1: column 2 of the header has no name"},
+              "riga 1, colonna SCA1MIN: compare due volte nell'intestazione"},
+        Fault{"nameless column", "Id,,CodiceTariffa\n1,2,a\n", 1, "",
+              "riga 1: la colonna 2 dell'intestazione non ha nome"},
         Fault{"no Id column", "CodiceTariffa,SCA1MIN\na,3\n", 1, "Id",
-              "line 1, column Id: is missing: the header must name the column Id"},
+              "riga 1, colonna Id: manca: l'intestazione deve comprendere la colonna Id"},
         Fault{"no code column", "Id,SCA1MIN\n1,3\n", 1, "CodiceTariffa",
-              "line 1, column CodiceTariffa: is missing: the header must name the column CodiceTariffa"},
+              "riga 1, colonna CodiceTariffa: manca: l'intestazione deve comprendere la colonna CodiceTariffa"},
         Fault{"bad number", "Id,CodiceTariffa,SCA1MIN\n1,a,3\n2,b,12abc\n", 3, "SCA1MIN",
-              "line 3, column SCA1MIN: \"12abc\" is not an amount"},
+              "riga 3, colonna SCA1MIN: \"12abc\" non è un importo"},
         Fault{"negative amount", "Id,CodiceTariffa,SCA1MAX\n1,a,-3\n", 2, "SCA1MAX",
-              "line 2, column SCA1MAX: \"-3\" is negative: fee amounts are never below 0"},
+              "riga 2, colonna SCA1MAX: \"-3\" è negativo: gli importi delle tariffe non sono mai sotto lo 0"},
         Fault{"duplicate Id", "Id,CodiceTariffa\n4,a\n5,b\n4,c\n", 4, "Id",
-              "line 4, column Id: item 4 already appears on line 2"},
+              "riga 4, colonna Id: la voce 4 compare già alla riga 2"},
         Fault{"Id not a number", "Id,CodiceTariffa\nx,a\n", 2, "Id",
-              "line 2, column Id: \"x\" is not an item id (a whole number from 1 to 2147483647)"},
+              "riga 2, colonna Id: \"x\" non è l'Id di una voce (un numero intero da 1 a 2147483647)"},
         Fault{"Id zero", "Id,CodiceTariffa\n0,a\n", 2, "Id",
-              "line 2, column Id: \"0\" is not an item id (a whole number from 1 to 2147483647)"},
+              "riga 2, colonna Id: \"0\" non è l'Id di una voce (un numero intero da 1 a 2147483647)"},
         Fault{"Id above 32 bits", "Id,CodiceTariffa\n2147483648,a\n", 2, "Id",
-              "line 2, column Id: \"2147483648\" is not an item id (a whole number from 1 to 2147483647)"},
+              "riga 2, colonna Id: \"2147483648\" non è l'Id di una voce (un numero intero da 1 a 2147483647)"},
         Fault{"Id with decimals", "Id,CodiceTariffa\n3.0,a\n", 2, "Id",
-              "line 2, column Id: \"3.0\" is not an item id (a whole number from 1 to 2147483647)"},
+              "riga 2, colonna Id: \"3.0\" non è l'Id di una voce (un numero intero da 1 a 2147483647)"},
         Fault{"missing code", "Id,CodiceTariffa,Azione\n1,a,x\n2,,y\n", 3, "CodiceTariffa",
-              "line 3, column CodiceTariffa: is empty: every item needs its code as the table prints it"},
+              "riga 3, colonna CodiceTariffa: è vuota: ogni voce deve avere il suo codice come lo stampa la tariffa"},
         Fault{"blank code", "Id,CodiceTariffa\n1,\"  \"\n", 2, "CodiceTariffa",
-              "line 2, column CodiceTariffa: is empty: every item needs its code as the table prints it"},
+              "riga 2, colonna CodiceTariffa: è vuota: ogni voce deve avere il suo codice come lo stampa la tariffa"},
         Fault{"too many fields", "Id,CodiceTariffa,SCA1MIN\n1,a,1,5\n", 2, "",
-              "line 2: has 4 fields where the header names 3 columns (a text holding a comma must be written "
-              "between quotes)"},
+              "riga 2: ha 4 campi, ma l'intestazione elenca 3 colonne (un testo che contiene una virgola va scritto "
+              "tra virgolette)"},
         Fault{"too few fields", "Id,CodiceTariffa,SCA1MIN\n1,a\n", 2, "",
-              "line 2: has 2 fields where the header names 3 columns (a text holding a comma must be written "
-              "between quotes)"},
+              "riga 2: ha 2 campi, ma l'intestazione elenca 3 colonne (un testo che contiene una virgola va scritto "
+              "tra virgolette)"},
         Fault{"unclosed quote", "Id,CodiceTariffa,Azione\n1,a,\"open\n", 2, "Azione",
-              "line 2, column Azione: a quoted field opened on line 2 is never closed"},
+              "riga 2, colonna Azione: un campo tra virgolette aperto alla riga 2 non viene mai chiuso"},
         Fault{"not UTF-8", "Id,CodiceTariffa,Azione\n1,a,\"Indennit\xE0\"\n", 2, "Azione",
-              "line 2, column Azione: is not UTF-8 text (save the file as UTF-8)"},
+              "riga 2, colonna Azione: non è testo UTF-8 (salvare il file come UTF-8)"},
         Fault{"five decimals", "Id,CodiceTariffa,SCA2MIN\n1,a,0.00001\n", 2, "SCA2MIN",
-              "line 2, column SCA2MIN: \"0.00001\" has more than four decimals and cannot be kept exactly"}),
+              "riga 2, colonna SCA2MIN: \"0.00001\" ha più di quattro decimali e non si può tenere esatto"}),
     [](const testing::TestParamInfo<Fault>& param) {
         std::string name;
         for (const char c : std::string(param.param.what))

@@ -379,7 +379,7 @@ TEST_F(TariffImport, UnknownTableIsRefusedBeforeReadingTheFile)
         FAIL() << "the file was read";
     } catch (const Error& e) {
         EXPECT_STREQ(e.what(),
-                     "\"Onorari2005Euro\" is not a fee table (the fee tables are Diritti94, Diritti94Euro, "
+                     "\"Onorari2005Euro\" non è una tabella delle tariffe (le tabelle sono Diritti94, Diritti94Euro, "
                      "Diritti2004Euro, Onorari94, Onorari94Euro, Onorari2004Euro, OnorariPenali94, "
                      "OnorariPenali94Euro, OnorariPenali2004Euro, OnorariStrag94, OnorariStrag94Euro, "
                      "OnorariStrag2004Euro)");
@@ -401,7 +401,7 @@ TEST_F(TariffImport, FromAFileRecordsItsNameAndPlacesFaultsInIt)
         FAIL() << "no error";
     } catch (const TariffFileError& e) {
         EXPECT_EQ(e.file(), "errata.csv");
-        EXPECT_STREQ(e.what(), "errata.csv, line 2, column GipMIN: \"x\" is not an amount");
+        EXPECT_STREQ(e.what(), "errata.csv, riga 2, colonna GipMIN: \"x\" non è un importo");
     }
     try {
         (void)importTariffFile("OnorariPenali2004Euro", db.folder() / "assente.csv");
@@ -410,7 +410,13 @@ TEST_F(TariffImport, FromAFileRecordsItsNameAndPlacesFaultsInIt)
         FAIL() << "wrong error";
     } catch (const Error& e) {
         EXPECT_EQ(std::string(e.what()),
-                  "Cannot read " + (db.folder() / "assente.csv").string() + ": No such file or directory");
+                  "Impossibile leggere " + (db.folder() / "assente.csv").string() + ": No such file or directory");
+    }
+    try {
+        (void)importTariffFile("OnorariPenali2004Euro", db.folder());
+        FAIL() << "no error";
+    } catch (const Error& e) {
+        EXPECT_EQ(std::string(e.what()), "Impossibile leggere " + db.folder().string() + ": è una cartella");
     }
 }
 

@@ -56,23 +56,26 @@ TEST_P(TariffSourcesFault, IsRefusedWithItsPlace)
 
 INSTANTIATE_TEST_SUITE_P(
     Faults, TariffSourcesFault,
-    testing::Values(
-        Fault{"", 1, "", "the file is empty: its first line must name the columns Tabella, Id, Fonte, Note"},
-        Fault{"Tabella,Id,Fonte\n", 1, "Note", "is missing: the header must name the column Note"},
-        Fault{"Tabella,Id,Fonte,Note,Data\n", 1, "Data",
-              "is not a column of FonteTariffe (its columns are Tabella, Id, Fonte, Note)"},
-        Fault{"Tabella,Id,Fonte,Note\n\"Azioni\",1,\"x\",\n", 2, "Tabella", "\"Azioni\" is not a fee table"},
-        Fault{"Tabella,Id,Fonte,Note\n\"Onorari94\",0,\"x\",\n", 2, "Id",
-              "\"0\" is not an item id (a whole number from 1 to 2147483647, or empty for the table's note)"},
-        Fault{"Tabella,Id,Fonte,Note\n\"Onorari94\",1,\" \",\n", 2, "Fonte",
-              "is empty: every row names where its figures come from"},
-        Fault{"Tabella,Id,Fonte,Note\n\"Onorari94\",1,\"a\",\n\"Onorari94\",1,\"b\",\n", 3, "Id",
-              "item 1 of Onorari94 already has its source"},
-        Fault{"Tabella,Id,Fonte,Note\n\"Onorari94\",,\"a\",\n\"Onorari94\",,\"b\",\n", 3, "Id",
-              "Onorari94 already has its note"},
-        Fault{"Tabella,Id,Fonte,Note\n\"Onorari94\",1,\"a\"\n", 2, "", "has 3 fields where the header names 4 columns"},
-        Fault{"Tabella,Id,Fonte,Note\n\"Onorari94\",1,\"a\",\"Nota \xE8\"\n", 2, "Note",
-              "is not UTF-8 text (save the file as UTF-8)"}));
+    testing::Values(Fault{"", 1, "",
+                          "il file è vuoto: la prima riga deve elencare le colonne Tabella, Id, Fonte, Note"},
+                    Fault{"Tabella,Id,Fonte\n", 1, "Note", "manca: l'intestazione deve comprendere la colonna Note"},
+                    Fault{"Tabella,Id,Fonte,Note,Data\n", 1, "Data",
+                          "non è una colonna di FonteTariffe (le sue colonne sono Tabella, Id, Fonte, Note)"},
+                    Fault{"Tabella,Id,Fonte,Note\n\"Azioni\",1,\"x\",\n", 2, "Tabella",
+                          "\"Azioni\" non è una tabella delle tariffe"},
+                    Fault{"Tabella,Id,Fonte,Note\n\"Onorari94\",0,\"x\",\n", 2, "Id",
+                          "\"0\" non è l'Id di una voce (un numero intero da 1 a 2147483647, oppure vuoto per la nota "
+                          "della tabella)"},
+                    Fault{"Tabella,Id,Fonte,Note\n\"Onorari94\",1,\" \",\n", 2, "Fonte",
+                          "è vuota: ogni riga dice da dove vengono le sue cifre"},
+                    Fault{"Tabella,Id,Fonte,Note\n\"Onorari94\",1,\"a\",\n\"Onorari94\",1,\"b\",\n", 3, "Id",
+                          "la voce 1 di Onorari94 ha già la sua fonte"},
+                    Fault{"Tabella,Id,Fonte,Note\n\"Onorari94\",,\"a\",\n\"Onorari94\",,\"b\",\n", 3, "Id",
+                          "Onorari94 ha già la sua nota"},
+                    Fault{"Tabella,Id,Fonte,Note\n\"Onorari94\",1,\"a\"\n", 2, "",
+                          "ha 3 campi, ma l'intestazione elenca 4 colonne"},
+                    Fault{"Tabella,Id,Fonte,Note\n\"Onorari94\",1,\"a\",\"Nota \xE8\"\n", 2, "Note",
+                          "non è testo UTF-8 (salvare il file come UTF-8)"}));
 
 } // namespace
 } // namespace avlor

@@ -48,7 +48,7 @@ int guarded(F&& body)
     } catch (const std::exception& e) {
         lastError = e.what();
     } catch (...) {
-        lastError = "unknown failure";
+        lastError = "errore sconosciuto";
     }
     return AVLOR_FAILED;
 }
@@ -117,7 +117,7 @@ void avlor_set_message_callback(avlor_message_callback callback, void* user_data
 int avlor_create(const char* prog_id, avlor_object** out_object)
 {
     if (!prog_id || !out_object) {
-        lastError = "avlor_create needs a programmatic name and a place for the object";
+        lastError = "avlor_create vuole un nome programmatico e un posto per l'oggetto";
         return AVLOR_BAD_ARGUMENT;
     }
     return guarded([&] { *out_object = new avlor_object{avlor::CreateObject(prog_id)}; });
@@ -129,12 +129,12 @@ int avlor_call(avlor_object* object, const char* method, avlor_value** arguments
                avlor_value** out_result)
 {
     if (!object || !method || (count > 0 && !arguments) || !out_result) {
-        lastError = "avlor_call needs an object, a method name, the arguments and a place for the result";
+        lastError = "avlor_call vuole un oggetto, il nome di un metodo, gli argomenti e un posto per il risultato";
         return AVLOR_BAD_ARGUMENT;
     }
     for (size_t i = 0; i < count; ++i) {
         if (!arguments[i] || arguments[i]->items) {
-            lastError = "argument " + std::to_string(i + 1) + " of " + method + " is missing or is a collection";
+            lastError = "l'argomento " + std::to_string(i + 1) + " di " + method + " manca o è una collezione";
             return AVLOR_BAD_ARGUMENT;
         }
     }
@@ -199,7 +199,7 @@ const char* avlor_value_as_amount(avlor_value* value)
 int avlor_value_as_long(const avlor_value* value, int32_t* out_number)
 {
     if (!value || !out_number || value->items) {
-        lastError = "avlor_value_as_long needs a plain value and a place for the number";
+        lastError = "avlor_value_as_long vuole un valore semplice e un posto per il numero";
         return AVLOR_BAD_ARGUMENT;
     }
     return guarded([&] { *out_number = value->value.toLong(); });

@@ -27,7 +27,7 @@ struct ParametriState {
     const parametri::Risultato& result() const
     {
         if (!last)
-            throw UsageError("clsParametri: no price yet; call Calcola first");
+            throw UsageError("clsParametri: non c'è ancora un calcolo; chiamare prima Calcola");
         return *last;
     }
 
@@ -36,7 +36,7 @@ struct ParametriState {
         const parametri::Risultato& r = result();
         const std::int32_t i = index.toLong();
         if (i < 1 || static_cast<std::size_t>(i) > r.fasi.size())
-            throw UsageError("clsParametri: phase " + std::to_string(i) + " is not between 1 and " +
+            throw UsageError("clsParametri: la fase " + std::to_string(i) + " non è tra 1 e " +
                              std::to_string(r.fasi.size()));
         return r.fasi[static_cast<std::size_t>(i - 1)];
     }

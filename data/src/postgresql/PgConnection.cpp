@@ -99,13 +99,13 @@ void PgConnection::openSession()
     const char* const values[] = {"10", "AvlorLogic", location_.c_str(), "UTF8", nullptr};
     PGconn* session = PQconnectdbParams(keywords, values, 1);
     if (session == nullptr) {
-        throw DataError("Cannot connect to the PostgreSQL server: out of memory", shown_, CannotConnect);
+        throw DataError("Impossibile collegarsi al server PostgreSQL: memoria esaurita", shown_, CannotConnect);
     }
     if (PQstatus(session) != CONNECTION_OK) {
         // libpq quotes pieces of a malformed URI, the password included.
         const std::string message = withoutPgPassword(oneLine(PQerrorMessage(session)), location_);
         PQfinish(session);
-        throw DataError("Cannot connect to the PostgreSQL server: " + message, shown_, CannotConnect);
+        throw DataError("Impossibile collegarsi al server PostgreSQL: " + message, shown_, CannotConnect);
     }
     PQsetNoticeProcessor(session, ignoreNotice, nullptr);
     const PgResult settings(PQexec(session, SessionSettings));
@@ -113,7 +113,7 @@ void PgConnection::openSession()
         const std::string message = oneLine(PQresultErrorMessage(settings.get()));
         const std::string code = field(settings.get(), PG_DIAG_SQLSTATE);
         PQfinish(session);
-        throw DataError("Cannot set up the session on the PostgreSQL server: " + message, shown_, code);
+        throw DataError("Impossibile preparare la sessione sul server PostgreSQL: " + message, shown_, code);
     }
     session_ = session;
     owner_ = getpid();
@@ -130,7 +130,7 @@ void PgConnection::applyTimeLimit()
         "; SET lock_timeout = " + std::to_string(timeLimit_.count() - timeLimit_.count() / 10);
     const PgResult result(PQexec(session_, sql.c_str()));
     if (PQresultStatus(result.get()) != PGRES_COMMAND_OK) {
-        throw DataError("Cannot set up the session on the PostgreSQL server: " +
+        throw DataError("Impossibile preparare la sessione sul server PostgreSQL: " +
                             oneLine(PQresultErrorMessage(result.get())),
                         shown_, field(result.get(), PG_DIAG_SQLSTATE));
     }
@@ -166,9 +166,10 @@ PGconn* PgConnection::session()
     }
     if (transaction_ != Transaction::None) {
         transaction_ = Transaction::Lost;
-        throw DataError("The connection to the PostgreSQL server was lost during a transaction; none of its changes "
-                        "were kept",
-                        shown_, ConnectionFailure);
+        throw DataError(
+            "La connessione al server PostgreSQL si è interrotta durante una transazione; nessuna delle sue "
+            "modifiche è stata conservata",
+            shown_, ConnectionFailure);
     }
     dropSession();
     openSession();
@@ -189,21 +190,22 @@ void PgConnection::fail(const PGresult* result, const std::string& reportAs)
         if (transaction_ == Transaction::Open) {
             transaction_ = Transaction::Lost;
         }
-        throw DataError("The connection to the PostgreSQL server was lost: " + message, reportAs,
+        throw DataError("La connessione al server PostgreSQL si è interrotta: " + message, reportAs,
                         code.empty() ? ConnectionFailure : code);
     }
     if (code == QueryCanceled) {
-        throw DataError("The statement ran longer than the time limit of " + timeLimitText(timeLimit_) +
-                            " and was stopped",
+        throw DataError("L'istruzione ha superato il tempo massimo di " + timeLimitText(timeLimit_) +
+                            " ed è stata fermata",
                         reportAs, code);
     }
     if (code == LockNotAvailable) {
-        throw DataError("Another program kept the rows locked for writing for " + timeLimitText(timeLimit_) +
-                            "; try again when it has finished",
+        throw DataError("Un altro programma ha tenuto le righe bloccate in scrittura per " + timeLimitText(timeLimit_) +
+                            "; riprovare quando avrà finito",
                         reportAs, code);
     }
     if (code == ReadOnlyTransaction) {
-        throw DataError("Not a query: only a SELECT statement or a table name can be opened (" + message + ")",
+        throw DataError("Non è un'interrogazione: si può aprire solo un'istruzione SELECT o il nome di una tabella (" +
+                            message + ")",
                         reportAs, code);
     }
     if (code == UndefinedTable && transaction_ == Transaction::None) {
@@ -217,7 +219,8 @@ void PgConnection::fail(const PGresult* result, const std::string& reportAs)
         const PgResult probe(PQexec(session_, "SELECT pg_catalog.to_regclass('versioni') IS NULL"));
         if (PQresultStatus(probe.get()) == PGRES_TUPLES_OK && PQntuples(probe.get()) == 1 &&
             std::string(PQgetvalue(probe.get(), 0, 0)) == "t") {
-            message = "The database " + shown_ + " holds no practice schema (make one with avlor db init): " + message;
+            message = "Il database " + shown_ +
+                " non contiene lo schema delle pratiche (crearlo con avlor db init): " + message;
         }
     }
     throw DataError(message, reportAs, code);
@@ -238,7 +241,7 @@ PgResult PgConnection::run(const std::string& sql, const PgParameters& parameter
         return result;
     }
     if (status == PGRES_EMPTY_QUERY) {
-        throw DataError("No statement to run", reportAs);
+        throw DataError("Nessuna istruzione da eseguire", reportAs);
     }
     fail(result.get(), reportAs);
 }
@@ -286,7 +289,7 @@ PgResult PgConnection::describe(const std::string& sql, const std::string& repor
     PGconn* live = session();
     const PgResult prepared(PQprepare(live, "", sql.c_str(), 0, nullptr));
     if (PQresultStatus(prepared.get()) == PGRES_EMPTY_QUERY) {
-        throw DataError("No statement to run", reportAs);
+        throw DataError("Nessuna istruzione da eseguire", reportAs);
     }
     if (PQresultStatus(prepared.get()) != PGRES_COMMAND_OK) {
         fail(prepared.get(), reportAs);
@@ -341,7 +344,7 @@ Value PgConnection::singleValue(const std::string& statement)
     requirePgQuery(sql, statement);
     const PgResult result = query(sql, {}, statement);
     if (PQnfields(result.get()) == 0) {
-        throw DataError("Not a query: only a SELECT statement gives a value", statement);
+        throw DataError("Non è un'interrogazione: solo un'istruzione SELECT dà un valore", statement);
     }
     if (PQntuples(result.get()) == 0) {
         return Value();
@@ -370,7 +373,8 @@ void PgConnection::executeScript(const std::string& script)
     const std::vector<std::string> statements = Dialect::splitScript(script);
     for (const std::string& statement : statements) {
         if (isTransactionCommand(statement)) {
-            throw DataError("A script runs as one unit of its own: it cannot begin or end transactions", statement);
+            throw DataError("Uno script si esegue come un'unica unità: non può aprire né chiudere transazioni",
+                            statement);
         }
     }
     if (statements.empty()) {
@@ -417,7 +421,7 @@ std::vector<std::string> PgConnection::tableNames()
     const PgResult result =
         query("SELECT c.relname FROM pg_catalog.pg_class c WHERE c.relkind IN ('r', 'p') AND c.relnamespace = "
               "pg_catalog.to_regnamespace(pg_catalog.current_schema())",
-              {}, "table names");
+              {}, "nomi delle tabelle");
     std::vector<std::string> names;
     for (int row = 0; row < PQntuples(result.get()); ++row) {
         names.push_back(spelledTable(PQgetvalue(result.get(), row, 0)));
@@ -454,7 +458,7 @@ void PgConnection::beginTransaction()
         return;
     }
     if (transaction_ != Transaction::None) {
-        throw DataError("A transaction is already open on this connection", shown_);
+        throw DataError("Su questa connessione c'è già una transazione aperta", shown_);
     }
     databaseCall("begin");
     command("BEGIN READ WRITE", "BEGIN");
@@ -464,7 +468,8 @@ void PgConnection::beginTransaction()
 void PgConnection::lockForTransaction(std::int32_t space, std::int32_t key)
 {
     if (transaction_ == Transaction::None) {
-        throw DataError("A lock is taken inside a transaction, and none is open on this connection", shown_);
+        throw DataError("Un blocco si prende dentro una transazione, e su questa connessione non ce n'è una aperta",
+                        shown_);
     }
     databaseCall("lock");
     // Released by the server when the transaction ends, however it ends.
@@ -481,12 +486,12 @@ void PgConnection::commitTransaction()
         return;
     }
     if (transaction_ == Transaction::None) {
-        throw DataError("No transaction is open on this connection", shown_);
+        throw DataError("Su questa connessione non c'è una transazione aperta", shown_);
     }
     if (transaction_ == Transaction::Lost) {
         transaction_ = Transaction::None;
-        throw DataError("The connection to the PostgreSQL server was lost during the transaction; none of its "
-                        "changes were kept",
+        throw DataError("La connessione al server PostgreSQL si è interrotta durante la transazione; nessuna delle sue "
+                        "modifiche è stata conservata",
                         shown_, ConnectionFailure);
     }
     try {
@@ -496,7 +501,8 @@ void PgConnection::commitTransaction()
         // The server answers ROLLBACK to the COMMIT of a transaction that a
         // failed statement has spoilt.
         if (std::string(PQcmdStatus(result.get())) == "ROLLBACK") {
-            throw DataError("The transaction was rolled back: one of its statements failed", shown_, "25P02");
+            throw DataError("La transazione è stata annullata: una delle sue istruzioni non è riuscita", shown_,
+                            "25P02");
         }
     } catch (...) {
         transaction_ = Transaction::None;
@@ -525,27 +531,27 @@ void PgConnection::installSchema()
 {
     const std::vector<SchemaScript> scripts = schemaScripts(dialect().name());
     if (scripts.empty()) {
-        throw DataError("No schema scripts are built into this library", shown_);
+        throw DataError("In questa libreria non ci sono gli script dello schema", shown_);
     }
     const bool own = transaction_ == Transaction::None;
     if (own) {
         command("BEGIN READ WRITE", "BEGIN");
     }
     try {
-        command(SchemaLock, "schema lock");
+        command(SchemaLock, "blocco dello schema");
         const PgResult tables = query(
             "SELECT count(*) FROM pg_catalog.pg_class c JOIN pg_catalog.pg_namespace n ON n.oid = c.relnamespace "
             "WHERE c.relkind IN ('r', 'p', 'v', 'm', 'f') AND n.nspname NOT IN ('pg_catalog', 'information_schema') "
             "AND n.nspname NOT LIKE 'pg\\_toast%' AND n.nspname NOT LIKE 'pg\\_temp\\_%'",
-            {}, "table count");
+            {}, "numero delle tabelle");
         if (std::string(PQgetvalue(tables.get(), 0, 0)) != "0") {
-            throw DataError("The database already holds tables; it is left untouched", shown_);
+            throw DataError("Il database contiene già delle tabelle; è stato lasciato com'era", shown_);
         }
         for (const SchemaScript& script : scripts) {
             const std::string sql(script.sql);
             const PgResult result(PQexec(session_, sql.c_str()));
             if (PQresultStatus(result.get()) != PGRES_COMMAND_OK) {
-                fail(result.get(), "schema script " + std::string(script.name));
+                fail(result.get(), "script dello schema " + std::string(script.name));
             }
         }
         if (own) {
@@ -568,7 +574,7 @@ std::shared_ptr<const PgTable> PgConnection::findTable(const std::string& name)
         "JOIN pg_catalog.pg_attribute a ON a.attrelid = c.oid AND a.attnum > 0 AND NOT a.attisdropped "
         "LEFT JOIN pg_catalog.pg_index i ON i.indrelid = c.oid AND i.indisprimary "
         "WHERE c.oid = pg_catalog.to_regclass($1) ORDER BY a.attnum",
-        {name}, "columns of " + name);
+        {name}, "colonne di " + name);
     const int rows = PQntuples(result.get());
     if (rows == 0) {
         return nullptr;
@@ -598,7 +604,7 @@ std::string PgConnection::tableNameOf(std::uint32_t oid)
         return known->second;
     }
     const PgResult result =
-        query("SELECT relname FROM pg_catalog.pg_class WHERE oid = $1", {std::to_string(oid)}, "table name");
+        query("SELECT relname FROM pg_catalog.pg_class WHERE oid = $1", {std::to_string(oid)}, "nome della tabella");
     std::string name = PQntuples(result.get()) == 1 ? PQgetvalue(result.get(), 0, 0) : "";
     tableNames_[oid] = name;
     return name;

@@ -91,25 +91,25 @@ void PgConnection::insertRows(const std::string& table, const std::vector<std::s
     }
     written += ")";
     if (columns.empty()) {
-        throw DataError("No columns to write", written);
+        throw DataError("Nessuna colonna da scrivere", written);
     }
     for (std::size_t row = 0; row < rows.size(); ++row) {
         if (rows[row].size() != columns.size()) {
-            throw DataError("Row " + std::to_string(row + 1) + " gives " + std::to_string(rows[row].size()) +
-                                " values for " + std::to_string(columns.size()) + " columns",
+            throw DataError("La riga " + std::to_string(row + 1) + " dà " + std::to_string(rows[row].size()) +
+                                " valori per " + std::to_string(columns.size()) + " colonne",
                             written);
         }
     }
     const std::shared_ptr<const PgTable> target = findTable(table);
     if (!target || !target->writable) {
-        throw DataError("There is no table " + table + " to add rows to", written, "42P01");
+        throw DataError("Non esiste una tabella " + table + " a cui aggiungere righe", written, "42P01");
     }
     std::vector<PgKind> kinds;
     std::string copy = "COPY " + target->reference + " (";
     for (std::size_t i = 0; i < columns.size(); ++i) {
         const int attribute = attributeOf(*target, columns[i]);
         if (attribute == 0) {
-            throw DataError("The table " + table + " has no column " + columns[i], written, "42703");
+            throw DataError("La tabella " + table + " non ha la colonna " + columns[i], written, "42703");
         }
         kinds.push_back(target->kinds.at(attribute));
         copy += (i == 0 ? "" : ", ") + Dialect::quoteIdentifier(target->columns.at(attribute));
@@ -159,7 +159,7 @@ void PgConnection::copyIn(const std::string& copy, const std::string& data, cons
     // A failure to send leaves the copy to be ended all the same, so that
     // the session leaves the copy state whatever happened.
     const bool sent = PQputCopyData(live, data.data(), static_cast<int>(data.size())) == 1;
-    PQputCopyEnd(live, sent ? nullptr : "the rows could not be sent");
+    PQputCopyEnd(live, sent ? nullptr : "non è stato possibile inviare le righe");
     PgResult finished(PQgetResult(live));
     while (PGresult* more = PQgetResult(live)) {
         PQclear(more);

@@ -52,14 +52,15 @@ PgRowSource::PgRowSource(std::shared_ptr<PgConnection> connection, std::string s
     identityWidth_ = 0;
     PgResult result = deferred ? connection_->describe(sql_, source_) : connection_->query(sql_, {}, source_);
     if (PQnfields(result.get()) == 0) {
-        throw DataError("Not a query: only a SELECT statement or a table name can be opened", source_);
+        throw DataError("Non è un'interrogazione: si può aprire solo un'istruzione SELECT o il nome di una tabella",
+                        source_);
     }
     readShape(result.get(), 0);
     if (!deferred) {
         opened_ = std::move(result);
     }
     if (editable && whyNotUpdatable_.empty()) {
-        whyNotUpdatable_ = "its columns do not all come from one table";
+        whyNotUpdatable_ = "le sue colonne non vengono tutte da una sola tabella";
     }
 }
 
@@ -72,7 +73,7 @@ bool PgRowSource::tryKeyedForm(const std::string& sql, bool deferred)
     table_ = connection_->findTable(shape->table);
     if (!table_ || !table_->writable) {
         table_.reset();
-        whyNotUpdatable_ = "it does not read a table";
+        whyNotUpdatable_ = "non legge una tabella";
         return false;
     }
     const std::vector<std::string> identity = identityColumns(shape->qualifier);
@@ -88,7 +89,7 @@ bool PgRowSource::tryKeyedForm(const std::string& sql, bool deferred)
             throw;
         }
         table_.reset();
-        whyNotUpdatable_ = "its rows cannot be told apart";
+        whyNotUpdatable_ = "le sue righe non si possono distinguere l'una dall'altra";
         return false;
     }
     sql_ = keyed;
@@ -96,7 +97,7 @@ bool PgRowSource::tryKeyedForm(const std::string& sql, bool deferred)
     if (readShape(result.get(), identityWidth_)) {
         whyNotUpdatable_.clear();
     } else {
-        whyNotUpdatable_ = "its columns do not all come from one table";
+        whyNotUpdatable_ = "le sue colonne non vengono tutte da una sola tabella";
     }
     if (!deferred) {
         opened_ = std::move(result);
@@ -137,7 +138,7 @@ bool PgRowSource::readShape(const PGresult* result, int first)
 std::vector<Value> PgRowSource::readRow(const PGresult* result, int row, int first) const
 {
     if (PQnfields(result) != first + static_cast<int>(names_.size())) {
-        throw DataError("The statement's columns changed since it was opened", source_);
+        throw DataError("Le colonne dell'istruzione sono cambiate da quando è stata aperta", source_);
     }
     std::vector<Value> values;
     values.reserve(names_.size());
@@ -188,7 +189,7 @@ const PgRowSource::Identity& PgRowSource::identityFor(const std::string& token) 
 {
     const auto found = identities_.find(token);
     if (found == identities_.end()) {
-        throw DataError("The row is not one of this record set", source_);
+        throw DataError("La riga non appartiene a questo recordset", source_);
     }
     return found->second;
 }
@@ -287,7 +288,7 @@ FetchedRow PgRowSource::insert(const FieldChanges& changes)
     sql += returningList();
     const PgResult result = connection_->write(sql, parameters, source_);
     if (PQntuples(result.get()) != 1) {
-        throw DataError("The row just written cannot be read back", source_);
+        throw DataError("La riga appena scritta non si può rileggere", source_);
     }
     return FetchedRow{tokenFor(identityOf(result.get(), 0)), readRow(result.get(), 0, identityWidth_)};
 }
@@ -315,7 +316,7 @@ void PgRowSource::update(const std::string& key, const FieldChanges& changes)
     }
     const PgResult result = connection_->write(sql, parameters, source_);
     if (PQntuples(result.get()) == 0) {
-        throw DataError("The row to update is no longer in the table", source_);
+        throw DataError("La riga da aggiornare non è più nella tabella", source_);
     }
     moveIdentity(key, identityOf(result.get(), 0));
 }
@@ -327,7 +328,7 @@ void PgRowSource::remove(const std::string& key)
     sql += identityCondition(identityFor(key), 1, parameters);
     const PgResult result = connection_->write(sql, parameters, source_);
     if (std::string(PQcmdTuples(result.get())) == "0") {
-        throw DataError("The row to delete is no longer in the table", source_);
+        throw DataError("La riga da cancellare non è più nella tabella", source_);
     }
 }
 

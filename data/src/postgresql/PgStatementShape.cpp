@@ -31,7 +31,8 @@ bool joinsAnotherTable(const std::vector<SqlToken>& tokens, std::size_t i)
 
 [[noreturn]] void notAQuery(const std::string& reportAs)
 {
-    throw DataError("Not a query: only a SELECT statement or a table name can be opened", reportAs);
+    throw DataError("Non è un'interrogazione: si può aprire solo un'istruzione SELECT o il nome di una tabella",
+                    reportAs);
 }
 
 } // namespace
@@ -101,13 +102,13 @@ std::optional<SingleTableQuery> singleTableQuery(std::string_view sql, std::stri
     const std::vector<SqlToken> tokens = lexSql(sql);
     const std::size_t select = nextMeaningful(tokens, 0);
     if (select == tokens.size() || !isKeyword(tokens[select], "SELECT")) {
-        whyNot = "it is not a plain SELECT";
+        whyNot = "non è una semplice SELECT";
         return std::nullopt;
     }
     std::size_t columnsAfter = select;
     const std::size_t quantifier = nextMeaningful(tokens, select + 1);
     if (quantifier < tokens.size() && isKeyword(tokens[quantifier], "DISTINCT")) {
-        whyNot = "it selects distinct rows";
+        whyNot = "seleziona righe distinte";
         return std::nullopt;
     }
     if (quantifier < tokens.size() && isKeyword(tokens[quantifier], "ALL")) {
@@ -119,18 +120,18 @@ std::optional<SingleTableQuery> singleTableQuery(std::string_view sql, std::stri
             continue;
         }
         if (isKeyword(tokens[i], "GROUP")) {
-            whyNot = "it groups rows";
+            whyNot = "raggruppa le righe";
             return std::nullopt;
         }
         if (isAnyKeyword(tokens[i], {"UNION", "INTERSECT", "EXCEPT"})) {
-            whyNot = "it combines several queries";
+            whyNot = "combina più interrogazioni";
             return std::nullopt;
         }
         if (from == tokens.size() && isKeyword(tokens[i], "FROM")) {
             from = i;
         }
     }
-    whyNot = "its columns do not all come from one table";
+    whyNot = "le sue colonne non vengono tutte da una sola tabella";
     std::size_t i = nextMeaningful(tokens, from + 1);
     if (from == tokens.size() || !isName(tokens, i) || isKeyword(tokens[i], "ONLY") ||
         isKeyword(tokens[i], "LATERAL")) {

@@ -32,7 +32,7 @@ constexpr int VarHeaderSize = 4;
 
 [[noreturn]] void badText(std::string_view column, std::string_view text, std::string_view expected)
 {
-    throw DataError("Column '" + std::string(column) + "' holds '" + std::string(text) + "', which is not " +
+    throw DataError("La colonna '" + std::string(column) + "' contiene '" + std::string(text) + "', che non è " +
                     std::string(expected));
 }
 
@@ -63,7 +63,7 @@ double doubleText(std::string_view text, std::string_view column)
     char* end = nullptr;
     const double number = std::strtod(copy.c_str(), &end);
     if (end == copy.c_str() || *end != '\0') {
-        badText(column, text, "a number");
+        badText(column, text, "un numero");
     }
     return number;
 }
@@ -73,7 +73,7 @@ Value currencyText(std::string_view text, std::string_view column)
     try {
         return Value::currency(Currency::fromText(text));
     } catch (const ValueError&) {
-        badText(column, text, "an amount within the range of Currency");
+        badText(column, text, "un importo che l'applicazione può tenere");
     }
 }
 
@@ -103,7 +103,7 @@ Value dateText(std::string_view text, std::string_view column)
     if (const auto date = Date::parseIso(text.substr(0, 10)); date && (text.size() == 10 || text[10] == ' ')) {
         return Value::date(*date);
     }
-    badText(column, text, "a date the application can hold");
+    badText(column, text, "una data che l'applicazione può tenere");
 }
 
 std::string doubleParameter(double number, bool whole)
@@ -160,13 +160,13 @@ Value readPgValue(PgKind kind, std::string_view text, std::string_view column)
         if (text == "f") {
             return Value::boolean(false);
         }
-        badText(column, text, "a yes/no value");
+        badText(column, text, "un valore sì/no");
     case PgKind::Integer:
     case PgKind::BigInteger:
         if (const auto whole = wholeText(text)) {
             return wholeNumber(*whole);
         }
-        badText(column, text, "a whole number");
+        badText(column, text, "un numero intero");
     case PgKind::Currency:
         return currencyText(text, column);
     case PgKind::Decimal:

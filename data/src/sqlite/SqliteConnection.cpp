@@ -74,8 +74,8 @@ bool SqliteConnection::step(sqlite3_stmt* statement, const std::string& reportAs
         return false;
     }
     if (rc == SQLITE_INTERRUPT) {
-        throw DataError("The statement ran longer than the time limit of " + timeLimitText(timeLimit_) +
-                            " and was stopped",
+        throw DataError("L'istruzione ha superato il tempo massimo di " + timeLimitText(timeLimit_) +
+                            " ed è stata fermata",
                         reportAs, std::to_string(rc));
     }
     raiseSqliteError(db_.get(), rc, reportAs);
@@ -89,8 +89,8 @@ void SqliteConnection::execute(const std::string& sql, const std::string& report
     if (rc != SQLITE_OK) {
         if (rc == SQLITE_INTERRUPT) {
             sqlite3_free(message);
-            throw DataError("The statement ran longer than the time limit of " + timeLimitText(timeLimit_) +
-                                " and was stopped",
+            throw DataError("L'istruzione ha superato il tempo massimo di " + timeLimitText(timeLimit_) +
+                                " ed è stata fermata",
                             reportAs.empty() ? sql : reportAs, std::to_string(rc));
         }
         if (rc == SQLITE_BUSY) {
@@ -120,7 +120,7 @@ Value SqliteConnection::singleValue(const std::string& statement)
     const std::string sql = dialect().translate(statement);
     const SqliteStatementCache::Lease lease = prepare(sql, statement);
     if (sqlite3_column_count(lease.get()) == 0 || sqlite3_stmt_readonly(lease.get()) == 0) {
-        throw DataError("Not a query: only a SELECT statement gives a value", statement);
+        throw DataError("Non è un'interrogazione: solo un'istruzione SELECT dà un valore", statement);
     }
     if (!step(lease.get(), statement)) {
         return Value();
@@ -160,7 +160,7 @@ void SqliteConnection::executeScript(const std::string& script)
 void SqliteConnection::beginTransaction()
 {
     if (inTransaction_) {
-        throw DataError("A transaction is already open on this connection", location_);
+        throw DataError("Su questa connessione c'è già una transazione aperta", location_);
     }
     databaseCall("begin");
     execute("BEGIN IMMEDIATE");
@@ -170,7 +170,7 @@ void SqliteConnection::beginTransaction()
 void SqliteConnection::commitTransaction()
 {
     if (!inTransaction_) {
-        throw DataError("No transaction is open on this connection", location_);
+        throw DataError("Su questa connessione non c'è una transazione aperta", location_);
     }
     inTransaction_ = false;
     try {
@@ -187,7 +187,8 @@ void SqliteConnection::commitTransaction()
 void SqliteConnection::lockForTransaction(std::int32_t /*space*/, std::int32_t /*key*/)
 {
     if (!inTransaction_) {
-        throw DataError("A lock is taken inside a transaction, and none is open on this connection", location_);
+        throw DataError("Un blocco si prende dentro una transazione, e su questa connessione non ce n'è una aperta",
+                        location_);
     }
     databaseCall("lock");
     // BEGIN IMMEDIATE took the database's one write lock already.
@@ -220,12 +221,12 @@ void SqliteConnection::installSchema()
 {
     const std::vector<SchemaScript> scripts = schemaScripts(dialect().name());
     if (scripts.empty()) {
-        throw DataError("No schema scripts are built into this library", location_);
+        throw DataError("In questa libreria non ci sono gli script dello schema", location_);
     }
     execute("BEGIN IMMEDIATE");
     try {
         for (const SchemaScript& script : scripts) {
-            execute(std::string(script.sql), "schema script " + std::string(script.name));
+            execute(std::string(script.sql), "script dello schema " + std::string(script.name));
         }
         execute("COMMIT");
     } catch (...) {

@@ -25,16 +25,16 @@ void createEmptyFile(const std::string& location, const std::filesystem::path& f
         std::error_code error;
         std::filesystem::create_directories(file.parent_path(), error);
         if (error) {
-            throw DataError("Cannot make the folder of the database: " + error.message(), location);
+            throw DataError("Impossibile creare la cartella del database: " + error.message(), location);
         }
     }
     const int fd = ::open(file.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0644);
     if (fd < 0) {
         const int failure = errno;
         if (failure == EEXIST) {
-            throw DataError("A database already exists at this location; it is left untouched", location);
+            throw DataError("In questa posizione esiste già un database; è stato lasciato com'era", location);
         }
-        throw DataError(std::string("Cannot create the database file: ") + std::strerror(failure), location);
+        throw DataError(std::string("Impossibile creare il file del database: ") + std::strerror(failure), location);
     }
     ::close(fd);
 }
@@ -118,7 +118,7 @@ std::shared_ptr<SqliteConnection> createSqlitePracticeDatabase(const std::string
     // Only a shared in-memory database can hold tables here: the file was
     // made empty a moment ago.
     if (!connection->tableNames().empty()) {
-        throw DataError("The database already holds tables; it is left untouched", location);
+        throw DataError("Il database contiene già delle tabelle; è stato lasciato com'era", location);
     }
     try {
         connection->installSchema();

@@ -34,12 +34,12 @@ void SqliteConnection::insertRows(const std::string& table, const std::vector<st
     }
     sql += ")";
     if (columns.empty()) {
-        throw DataError("No columns to write", sql);
+        throw DataError("Nessuna colonna da scrivere", sql);
     }
     for (std::size_t row = 0; row < rows.size(); ++row) {
         if (rows[row].size() != columns.size()) {
-            throw DataError("Row " + std::to_string(row + 1) + " gives " + std::to_string(rows[row].size()) +
-                                " values for " + std::to_string(columns.size()) + " columns",
+            throw DataError("La riga " + std::to_string(row + 1) + " dà " + std::to_string(rows[row].size()) +
+                                " valori per " + std::to_string(columns.size()) + " colonne",
                             sql);
         }
     }

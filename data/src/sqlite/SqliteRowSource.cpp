@@ -24,13 +24,13 @@ std::optional<std::string> rowIdForm(const std::string& sql, std::string& reason
     };
     const std::size_t select = next(0);
     if (select == tokens.size() || !isKeyword(tokens[select], "SELECT")) {
-        reason = "it is not a plain SELECT";
+        reason = "non è una semplice SELECT";
         return std::nullopt;
     }
     std::size_t insertAfter = select;
     const std::size_t quantifier = next(select + 1);
     if (quantifier < tokens.size() && isKeyword(tokens[quantifier], "DISTINCT")) {
-        reason = "it selects distinct rows";
+        reason = "seleziona righe distinte";
         return std::nullopt;
     }
     if (quantifier < tokens.size() && isKeyword(tokens[quantifier], "ALL")) {
@@ -41,11 +41,11 @@ std::optional<std::string> rowIdForm(const std::string& sql, std::string& reason
             continue;
         }
         if (isKeyword(tokens[i], "GROUP")) {
-            reason = "it groups rows";
+            reason = "raggruppa le righe";
             return std::nullopt;
         }
         if (isKeyword(tokens[i], "UNION") || isKeyword(tokens[i], "INTERSECT") || isKeyword(tokens[i], "EXCEPT")) {
-            reason = "it combines several queries";
+            reason = "combina più interrogazioni";
             return std::nullopt;
         }
     }
@@ -60,7 +60,8 @@ std::optional<std::string> rowIdForm(const std::string& sql, std::string& reason
 void requireQuery(sqlite3_stmt* statement, const std::string& sql)
 {
     if (sqlite3_column_count(statement) == 0 || sqlite3_stmt_readonly(statement) == 0) {
-        throw DataError("Not a query: only a SELECT statement or a table name can be opened", sql);
+        throw DataError("Non è un'interrogazione: si può aprire solo un'istruzione SELECT o il nome di una tabella",
+                        sql);
     }
 }
 
@@ -92,7 +93,7 @@ SqliteRowSource::SqliteRowSource(std::shared_ptr<SqliteConnection> connection, s
     requireQuery(lease.get(), source_);
     readShape(lease.get(), 0);
     if (editable && whyNotUpdatable_.empty()) {
-        whyNotUpdatable_ = "its columns do not all come from one table";
+        whyNotUpdatable_ = "le sue colonne non vengono tutte da una sola tabella";
     }
 }
 
@@ -103,11 +104,12 @@ bool SqliteRowSource::tryRowIdForm(const std::string& sql)
         requireQuery(lease.get(), sql);
         table_ = text(sqlite3_column_table_name(lease.get(), 0));
         if (table_.empty() || !readShape(lease.get(), 1)) {
-            whyNotUpdatable_ = "its columns do not all come from one table";
+            whyNotUpdatable_ = "le sue colonne non vengono tutte da una sola tabella";
             return false;
         }
     } catch (const DataError& error) {
-        whyNotUpdatable_ = std::string("its rows cannot be told apart (") + error.what() + ")";
+        whyNotUpdatable_ =
+            std::string("le sue righe non si possono distinguere l'una dall'altra (") + error.what() + ")";
         return false;
     }
     sql_ = sql;
@@ -135,7 +137,7 @@ bool SqliteRowSource::readShape(sqlite3_stmt* statement, int first)
 std::vector<Value> SqliteRowSource::readRow(sqlite3_stmt* statement, int first) const
 {
     if (sqlite3_column_count(statement) != first + static_cast<int>(names_.size())) {
-        throw DataError("The statement's columns changed since it was opened", source_);
+        throw DataError("Le colonne dell'istruzione sono cambiate da quando è stata aperta", source_);
     }
     std::vector<Value> values;
     values.reserve(names_.size());
@@ -184,7 +186,7 @@ std::vector<Value> SqliteRowSource::reread(sqlite3_int64 rowId)
     const SqliteStatementCache::Lease lease = connection_->prepare(sql);
     sqlite3_bind_int64(lease.get(), 1, rowId);
     if (!connection_->step(lease.get(), sql)) {
-        throw DataError("The row just written cannot be read back", sql);
+        throw DataError("La riga appena scritta non si può rileggere", sql);
     }
     return readRow(lease.get(), 0);
 }
@@ -252,7 +254,7 @@ void SqliteRowSource::update(const std::string& key, const FieldChanges& changes
     sqlite3_bind_int64(lease.get(), static_cast<int>(changes.size() + 1), std::stoll(key));
     connection_->step(lease.get(), sql);
     if (sqlite3_changes64(connection_->handle()) == 0) {
-        throw DataError("The row to update is no longer in the table", source_);
+        throw DataError("La riga da aggiornare non è più nella tabella", source_);
     }
 }
 
@@ -265,7 +267,7 @@ void SqliteRowSource::remove(const std::string& key)
     sqlite3_bind_int64(lease.get(), 1, std::stoll(key));
     connection_->step(lease.get(), sql);
     if (sqlite3_changes64(connection_->handle()) == 0) {
-        throw DataError("The row to delete is no longer in the table", source_);
+        throw DataError("La riga da cancellare non è più nella tabella", source_);
     }
 }
 

@@ -11,12 +11,12 @@ namespace avlor {
 void raiseSqliteError(sqlite3* db, int rc, const std::string& sql)
 {
     if ((rc & 0xFF) == SQLITE_INTERRUPT) {
-        throw DataError("The statement ran longer than its time limit and was stopped", sql, std::to_string(rc));
+        throw DataError("L'istruzione ha superato il suo tempo massimo ed è stata fermata", sql, std::to_string(rc));
     }
     if ((rc & 0xFF) == SQLITE_BUSY) {
-        throw DataError("Another program kept the database locked for writing for " +
+        throw DataError("Un altro programma ha tenuto il database bloccato in scrittura per " +
                             std::to_string(SqliteConnection::BusyTimeoutMs / 1000) +
-                            " seconds; try again when it has finished",
+                            " secondi; riprovare quando avrà finito",
                         sql, std::to_string(rc));
     }
     // Extended result codes are on, so rc names the failure exactly; the
@@ -36,11 +36,11 @@ SqliteStatementCache::StatementPtr prepareSqliteStatement(sqlite3* db, const std
         raiseSqliteError(db, rc, reported);
     }
     if (statement == nullptr) {
-        throw DataError("No statement to run", reported);
+        throw DataError("Nessuna istruzione da eseguire", reported);
     }
     for (; tail != nullptr && *tail != '\0'; ++tail) {
         if (std::isspace(static_cast<unsigned char>(*tail)) == 0) {
-            throw DataError("Only one statement can run at a time: text follows ';'", reported);
+            throw DataError("Si può eseguire una sola istruzione alla volta: dopo ';' c'è altro testo", reported);
         }
     }
     return statement;

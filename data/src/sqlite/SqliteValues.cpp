@@ -43,7 +43,7 @@ Value wholeNumber(std::int64_t number)
 
 [[noreturn]] void badStorage(std::string_view column, std::string_view expected)
 {
-    throw DataError("Column '" + std::string(column) + "' holds a value that is not " + std::string(expected));
+    throw DataError("La colonna '" + std::string(column) + "' contiene un valore che non è " + std::string(expected));
 }
 
 std::optional<bool> booleanText(std::string_view text)
@@ -114,7 +114,7 @@ Value readSqliteColumn(sqlite3_stmt* statement, int index, SqliteColumnKind kind
     switch (kind) {
     case SqliteColumnKind::Currency:
         if (stored != SQLITE_INTEGER) {
-            badStorage(column, "an amount in ten-thousandths");
+            badStorage(column, "un importo in decimillesimi");
         }
         return Value::currency(Currency::fromRaw(sqlite3_column_int64(statement, index)));
     case SqliteColumnKind::Boolean:
@@ -133,7 +133,7 @@ Value readSqliteColumn(sqlite3_stmt* statement, int index, SqliteColumnKind kind
                 return Value::date(*date);
             }
         }
-        badStorage(column, "a date 'YYYY-MM-DD'");
+        badStorage(column, "una data 'AAAA-MM-GG'");
     default:
         return readDynamic(statement, index);
     }

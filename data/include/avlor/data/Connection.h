@@ -113,7 +113,7 @@ public:
     virtual void setStatementTimeLimit(std::chrono::milliseconds limit) = 0;
 };
 
-// The time limit as messages write it ("60 seconds", "250 ms").
+// The time limit as messages write it ("60 secondi", "250 ms").
 [[nodiscard]] std::string timeLimitText(std::chrono::milliseconds limit);
 
 // TransactionScope: a transaction on `connection` for the lifetime of the

@@ -31,14 +31,14 @@ public:
     [[nodiscard]] const std::string& file() const noexcept { return file_; }
 
 private:
-    // "line 4, column SCA1MIN: ...", "line 4: ..." or, with a file,
-    // "Onorari94.csv, line 4, column SCA1MIN: ...".
+    // "riga 4, colonna SCA1MIN: ...", "riga 4: ..." or, with a file,
+    // "Onorari94.csv, riga 4, colonna SCA1MIN: ...".
     static std::string describe(const std::string& file, std::size_t line, const std::string& column,
                                 const std::string& reason)
     {
-        std::string text = (file.empty() ? "" : file + ", ") + "line " + std::to_string(line);
+        std::string text = (file.empty() ? "" : file + ", ") + "riga " + std::to_string(line);
         if (!column.empty())
-            text += ", column " + column;
+            text += ", colonna " + column;
         return text + ": " + reason;
     }
 
