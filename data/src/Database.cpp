@@ -159,9 +159,14 @@ bool isServerLocation(const std::string& location) { return isPgLocation(locatio
 
 void requirePracticeDatabase(const std::string& location)
 {
+    requirePracticeDatabase(location, Connection::DefaultStatementTimeLimit);
+}
+
+void requirePracticeDatabase(const std::string& location, std::chrono::milliseconds wait)
+{
     requireLocation(location);
     if (!isPgLocation(location)) {
-        requireSqlitePracticeDatabase(location);
+        requireSqlitePracticeDatabase(location, wait);
         return;
     }
     // On a server a read runs in a read-only transaction of its own: looking
@@ -170,12 +175,12 @@ void requirePracticeDatabase(const std::string& location)
     try {
         version = connectionFor(location)->singleValue("SELECT Versione FROM Versioni");
     } catch (const DataError& e) {
-        throw DataError(shownLocation(location) + " is not a practice database (" + e.what() + ")");
+        throw DataError(shownLocation(location) + " non è un database di pratiche (" + e.what() + ")");
     }
     if (version.isEmpty()) {
         throw DataError(shownLocation(location) +
-                        " is an incomplete practice database: its creation never finished; empty the database and "
-                        "run avlor db init again");
+                        " è un database di pratiche incompleto: la sua creazione non è mai terminata; svuotare il "
+                        "database ed eseguire di nuovo avlor db init");
     }
 }
 
