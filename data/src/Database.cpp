@@ -160,9 +160,14 @@ bool isServerLocation(const std::string& location) { return isPgLocation(locatio
 
 void requirePracticeDatabase(const std::string& location)
 {
+    requirePracticeDatabase(location, Connection::DefaultStatementTimeLimit);
+}
+
+void requirePracticeDatabase(const std::string& location, std::chrono::milliseconds wait)
+{
     requireLocation(location);
     if (!isPgLocation(location)) {
-        requireSqlitePracticeDatabase(location);
+        requireSqlitePracticeDatabase(location, wait);
         return;
     }
     // On a server a read runs in a read-only transaction of its own: looking
@@ -171,7 +176,7 @@ void requirePracticeDatabase(const std::string& location)
     try {
         version = connectionFor(location)->singleValue("SELECT Versione FROM Versioni");
     } catch (const DataError& e) {
-        throw DataError(shownLocation(location) + " is not a practice database (" + e.what() + ")");
+        throw DataError(shownLocation(location) + " non è un database delle pratiche (" + e.what() + ")");
     }
     if (version.isEmpty()) {
         throw DataError(shownLocation(location) +

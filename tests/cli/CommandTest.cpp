@@ -420,8 +420,8 @@ TEST_F(CommandTest, AMissingDatabaseIsReportedAndNotCreated)
     const Outcome r = avlor({"--db", missing, "db", "versione"});
     EXPECT_EQ(r.status, 1);
     EXPECT_EQ(r.err,
-              "avlor: error: no practice database at " + missing + " (create one with: avlor db init " + missing +
-                  ")\n");
+              "avlor: error: nessun database delle pratiche in " + missing + " (per crearne uno: avlor db init " +
+                  missing + ")\n");
     EXPECT_FALSE(fs::exists(missing));
 }
 
@@ -433,7 +433,7 @@ TEST_F(CommandTest, ADatabaseWithoutTheSchemaIsReported)
     }
     const Outcome r = avlor({"--db", empty, "pratica", "clienti", "1"});
     EXPECT_EQ(r.status, 1);
-    EXPECT_EQ(r.err.rfind("avlor: error: " + empty + " is not a practice database", 0), 0u) << r.err;
+    EXPECT_EQ(r.err, "avlor: error: " + empty + " non è un database delle pratiche (il file è vuoto)\n");
     EXPECT_EQ(fs::file_size(empty), 0u);
 }
 

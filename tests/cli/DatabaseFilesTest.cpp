@@ -365,7 +365,8 @@ TEST_F(DatabaseFilesTest, LookingAtADatabaseChangesNothing)
         const CommandOutcome r = avlor(all);
         EXPECT_EQ(r.status, 1) << words[0];
         EXPECT_EQ(r.err,
-                  "avlor: error: " + foreign.string() + " is not a practice database (it holds no table Versioni)\n");
+                  "avlor: error: " + foreign.string() +
+                      " non è un database delle pratiche (non contiene la tabella Versioni)\n");
     }
     EXPECT_EQ(fileText(foreign), before); // still in rollback-journal mode, same bytes
     EXPECT_EQ(namesIn(work), std::set<std::string>{"altro.db"});
@@ -374,11 +375,14 @@ TEST_F(DatabaseFilesTest, LookingAtADatabaseChangesNothing)
     CommandOutcome r = avlor({"--db", (work / "typo.db").string(), "call", "AvlorLogic.clsDataBase", "VersioneMdb"});
     EXPECT_EQ(r.status, 1);
     EXPECT_EQ(r.err,
-              "avlor: error: no practice database at " + (work / "typo.db").string() +
-                  " (create one with: avlor db init " + (work / "typo.db").string() + ")\n");
+              "avlor: error: nessun database delle pratiche in " + (work / "typo.db").string() +
+                  " (per crearne uno: avlor db init " + (work / "typo.db").string() + ")\n");
     writeText(work / "vuoto.db", "");
     r = avlor({"--db", (work / "vuoto.db").string(), "call", "AvlorLogic.clsDataBase", "VersioneMdb"});
     EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(r.err,
+              "avlor: error: " + (work / "vuoto.db").string() +
+                  " non è un database delle pratiche (il file è vuoto)\n");
     EXPECT_EQ(fs::file_size(work / "vuoto.db"), 0u);
     EXPECT_EQ(namesIn(work), (std::set<std::string>{"altro.db", "vuoto.db"}));
 

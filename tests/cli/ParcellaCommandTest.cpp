@@ -488,7 +488,8 @@ TEST_F(ParcellaCommandTest, BadArgumentsAreRefusedWithStatusOne)
     const std::string missingDb = (folder / "missing.db").string();
     const Outcome noDatabase = avlor({"--db", missingDb, "parcella", "--pratica", "1", "--script", "-"});
     EXPECT_EQ(noDatabase.status, 1);
-    EXPECT_EQ(noDatabase.err.rfind("avlor: error: no practice database at " + missingDb, 0), 0u) << noDatabase.err;
+    EXPECT_EQ(noDatabase.err.rfind("avlor: error: nessun database delle pratiche in " + missingDb, 0), 0u)
+        << noDatabase.err;
 }
 
 // Without --script the command opens the window, as a user at a desktop

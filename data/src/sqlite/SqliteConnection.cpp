@@ -16,9 +16,11 @@ std::shared_ptr<SqliteConnection> SqliteConnection::connect(const std::string& l
 {
     // A file this user may only read, with no program writing it, is read as
     // an immutable file: reading it then leaves no -wal or -shm file beside
-    // it, and works in a folder this user cannot write either.
+    // it, and works in a folder this user cannot write either. Every other
+    // file is opened with SQLite's locks and waits for a writer (the busy
+    // timeout below); see readAsImmutable for why.
     std::string opened = location;
-    if (const SqliteLocation where = sqliteLocation(location); !where.inMemory && readOnlyAndQuiet(where.file)) {
+    if (const SqliteLocation where = sqliteLocation(location); !where.inMemory && readAsImmutable(where.file)) {
         opened = immutableSqliteUri(where.file);
     }
     sqlite3* raw = nullptr;

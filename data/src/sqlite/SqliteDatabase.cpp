@@ -93,11 +93,15 @@ std::string immutableSqliteUri(const std::filesystem::path& file)
     return uri + "?mode=ro&immutable=1";
 }
 
-bool readOnlyAndQuiet(const std::filesystem::path& file)
+bool readAsImmutable(const std::filesystem::path& file)
 {
+    if (::access(file.c_str(), W_OK) == 0 || errno == ENOENT) {
+        return false;
+    }
     std::error_code error;
-    return ::access(file.c_str(), W_OK) != 0 && errno != ENOENT &&
-        !std::filesystem::exists(file.string() + "-wal", error);
+    // When it cannot be told whether a "-wal" is there, it is not read as
+    // immutable: the plain open then fails or works by SQLite's own rules.
+    return !std::filesystem::exists(file.string() + "-wal", error) && !error;
 }
 
 std::shared_ptr<SqliteConnection> createSqlitePracticeDatabase(const std::string& location)

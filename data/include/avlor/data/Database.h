@@ -8,6 +8,7 @@
 // URI, or a "postgresql://" (or "postgres://") URI for a shared server. On a
 // server the database itself must already exist, made by the firm's
 // administrator; createPracticeDatabase then lays out the schema in it.
+#include <chrono>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -41,8 +42,12 @@ class Connection;
 // changing anything there: no file is made, no journal mode switched, no
 // row written. Raises DataError saying what it is instead (missing, empty,
 // a folder, not a practice database, or a practice database whose creation
-// never finished).
+// never finished). A SQLite file that another program keeps locked while it
+// writes is waited for up to the statement time limit
+// (Connection::DefaultStatementTimeLimit), then reported as locked.
 void requirePracticeDatabase(const std::string& location);
+// The same, waiting at most `wait` for a SQLite file kept locked.
+void requirePracticeDatabase(const std::string& location, std::chrono::milliseconds wait);
 
 // Sets the database of this process; an empty text returns to the default.
 void setCurrentDatabase(const std::string& location);
