@@ -97,7 +97,7 @@ protected:
 TEST_F(ConcurrentReadersTest, ReadersAreNeverRefusedWhileAnotherProgramWrites)
 {
     constexpr std::size_t readers = 4;
-    constexpr int readsEach = 100;
+    constexpr int readsEach = 75;
     constexpr int pressesPerRun = 1;
 
     // The writer: `avlor parcella` sessions one after the other, each

@@ -117,7 +117,7 @@ TEST(PracticeCheck, AFileLockedPastTheWaitIsReportedLocked)
             sqlite3_busy_timeout(db, 60000);
             const std::string sql =
                 "BEGIN IMMEDIATE; DELETE FROM Utenti WHERE NomeUtente LIKE 'Zavorra%'; "
-                "INSERT INTO Utenti (NomeUtente) VALUES ('Zavorra' || printf('%.*c', 400000, 'x')); "
+                "INSERT INTO Utenti (NomeUtente) VALUES ('Zavorra' || printf('%.*c', 100000, 'x')); "
                 "INSERT INTO Utenti (NomeUtente) VALUES ('Scrittore " +
                 std::to_string(written) + "'); COMMIT";
             if (sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK) {
@@ -143,7 +143,7 @@ TEST(PracticeCheck, ManyChecksWhileAnotherProgramWritesAreNeverRefused)
         writeUntil(db.location(), stop);
     }
     constexpr int threads = 4;
-    constexpr int checksEach = 500;
+    constexpr int checksEach = 300;
     std::atomic<int> passed{0};
     std::vector<std::string> refusals(threads);
     std::vector<std::thread> checking;
