@@ -78,24 +78,24 @@ NewPracticeDatabase::NewPracticeDatabase(std::string location) : location_(std::
     if (std::filesystem::exists(status)) {
         throw DataError("In questa posizione esiste già un database; è stato lasciato com'era", location_);
     }
-    // The folders that do not exist yet, to be removed again on failure.
+    // The folders that do not exist yet. The database is built in the
+    // nearest folder that exists and the missing ones are made only when it
+    // is put in place: a run killed on the way leaves no folder behind.
     const std::filesystem::path folder = std::filesystem::absolute(file_).parent_path();
-    for (std::filesystem::path missing = folder; !missing.empty() && !std::filesystem::exists(missing, error);
-         missing = missing.parent_path()) {
-        folders_.insert(folders_.begin(), missing);
-        if (missing == missing.parent_path()) {
+    std::filesystem::path existing = folder;
+    for (; !existing.empty() && !std::filesystem::exists(existing, error); existing = existing.parent_path()) {
+        folders_.insert(folders_.begin(), existing);
+        if (existing == existing.parent_path()) {
             break;
         }
     }
-    for (const auto& made : folders_) {
-        if (!std::filesystem::create_directory(made, error) && error) {
-            discard();
-            throw DataError("Impossibile creare la cartella del database: " + error.message(), location_);
-        }
+    if (!std::filesystem::is_directory(existing, error)) {
+        throw DataError("Impossibile creare la cartella del database: " + existing.string() + " non è una cartella",
+                        location_);
     }
     const std::string hidden = "." + file_.filename().string() + ".nuovo-";
-    removeAbandoned(folder, hidden);
-    fill_ = (folder / (hidden + std::to_string(::getpid()))).string();
+    removeAbandoned(existing, hidden);
+    fill_ = (existing / (hidden + std::to_string(::getpid()))).string();
     removeFileAndCompanions(fill_); // left by a killed run of a process with the same id
     try {
         createPracticeDatabase(fill_);
@@ -157,6 +157,14 @@ void NewPracticeDatabase::publish()
         discard();
         throw DataError("Il nuovo database è ancora in uso e non si può mettere al suo posto", location_);
     }
+    for (const auto& folder : folders_) {
+        if (std::filesystem::create_directory(folder, error)) {
+            made_.push_back(folder);
+        } else if (error) {
+            discard();
+            throw DataError("Impossibile creare la cartella del database: " + error.message(), location_);
+        }
+    }
     // link() never replaces an existing file: a database that appeared
     // meanwhile stays as it is.
     if (::link(fill_.c_str(), file_.c_str()) != 0) {
@@ -183,10 +191,10 @@ void NewPracticeDatabase::discard() noexcept
         removeFileAndCompanions(fill_);
     }
     std::error_code ignored;
-    for (auto folder = folders_.rbegin(); folder != folders_.rend(); ++folder) {
+    for (auto folder = made_.rbegin(); folder != made_.rend(); ++folder) {
         std::filesystem::remove(*folder, ignored); // only when empty
     }
-    folders_.clear();
+    made_.clear();
 }
 
 } // namespace avlor

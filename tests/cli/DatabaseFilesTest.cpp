@@ -270,7 +270,8 @@ TEST_F(DatabaseFilesTest, InitRefusesWhatCannotHoldAPracticeDatabase)
 }
 
 // `db init` killed at moments spread over its whole run: afterwards the
-// location holds either nothing or a complete database, and a new run works.
+// location holds either nothing (not even a folder the run was to make) or a
+// complete database, and a new run works.
 TEST_F(DatabaseFilesTest, AKilledInitLeavesNothingOrACompleteDatabase)
 {
     const std::string reference = makeDemo("riferimento.db");
@@ -297,7 +298,7 @@ TEST_F(DatabaseFilesTest, AKilledInitLeavesNothingOrACompleteDatabase)
     int leftNothing = 0;
     int leftComplete = 0;
     for (int i = 0; i < runs; ++i) {
-        const fs::path db = work / ("p" + std::to_string(i) + ".db");
+        const fs::path db = work / ("c" + std::to_string(i)) / "sotto" / "p.db";
         std::string program = AVLOR_COMMAND;
         std::string verb1 = "db", verb2 = "init", where = db.string(), demo = "--demo";
         std::string devnull = "/dev/null";
@@ -316,6 +317,7 @@ TEST_F(DatabaseFilesTest, AKilledInitLeavesNothingOrACompleteDatabase)
 
         if (!fs::exists(db)) {
             ++leftNothing;
+            EXPECT_FALSE(fs::exists(work / ("c" + std::to_string(i)))) << i;
             const CommandOutcome r = avlor({"--db", db.string(), "db", "versione"});
             EXPECT_EQ(r.status, 1);
             continue;
@@ -330,7 +332,7 @@ TEST_F(DatabaseFilesTest, AKilledInitLeavesNothingOrACompleteDatabase)
 
     // A new run after the kills cleans up what they left beside and works.
     for (int i = 0; i < runs; ++i) {
-        const fs::path again = work / ("p" + std::to_string(i) + ".db");
+        const fs::path again = work / ("c" + std::to_string(i)) / "sotto" / "p.db";
         if (fs::exists(again))
             continue;
         const CommandOutcome made = avlor({"db", "init", again.string()});

@@ -509,8 +509,8 @@ TEST_F(ParcellaCommandTest, WithoutAScriptAndWithoutADisplayTheCommandSaysSo)
         avlor({"--db", database, "parcella", "--pratica", "1"}, {}, "DISPLAY= WAYLAND_DISPLAY= QT_QPA_PLATFORM=");
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.err,
-              "avlor: error: The fee-entry dialog \"Parcellazione Adempimento\" cannot be shown: there is "
-              "no display (DISPLAY and WAYLAND_DISPLAY are not set, nor is QT_QPA_PLATFORM).\n");
+              "avlor: error: Il dialogo \"Parcellazione Adempimento\" non si può mostrare: non c'è uno schermo "
+              "(DISPLAY, WAYLAND_DISPLAY e QT_QPA_PLATFORM non sono impostate).\n");
 }
 
 } // namespace

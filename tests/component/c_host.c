@@ -102,8 +102,8 @@ static void check_no_display(void)
 {
     expect_status("ShowDialogParcellazione without a display", show_dialog(), AVLOR_FAILED);
     expect_text("no display message", avlor_last_error(),
-                "The fee-entry dialog \"Parcellazione Adempimento\" cannot be shown: there is no display (DISPLAY "
-                "and WAYLAND_DISPLAY are not set, nor is QT_QPA_PLATFORM).");
+                "Il dialogo \"Parcellazione Adempimento\" non si pu\xC3\xB2 mostrare: non c'\xC3\xA8 uno schermo "
+                "(DISPLAY, WAYLAND_DISPLAY e QT_QPA_PLATFORM non sono impostate).");
 }
 
 int main(int argc, char** argv)

@@ -146,8 +146,8 @@ TEST(ClsParcella, WithoutADisplayTheFeeEntryDialogRaisesOneClearError)
         FAIL() << "the dialog was reported as shown";
     } catch (const Error& error) {
         EXPECT_STREQ(error.what(),
-                     "The fee-entry dialog \"Parcellazione Adempimento\" cannot be shown: there is no "
-                     "display (DISPLAY and WAYLAND_DISPLAY are not set, nor is QT_QPA_PLATFORM).");
+                     "Il dialogo \"Parcellazione Adempimento\" non si può mostrare: non c'è uno schermo (DISPLAY, "
+                     "WAYLAND_DISPLAY e QT_QPA_PLATFORM non sono impostate).");
     }
 }
 
@@ -163,8 +163,8 @@ TEST(ClsParcella, AnXDisplayThatCannotBeReachedIsReportedInsteadOfCrashing)
         FAIL() << "the dialog was reported as shown";
     } catch (const Error& error) {
         EXPECT_STREQ(error.what(),
-                     "The fee-entry dialog \"Parcellazione Adempimento\" cannot be shown: the X "
-                     "display \":9876\" cannot be reached.");
+                     "Il dialogo \"Parcellazione Adempimento\" non si può mostrare: lo schermo X \":9876\" non "
+                     "risponde.");
     }
 }
 

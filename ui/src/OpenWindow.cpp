@@ -98,19 +98,19 @@ bool xDisplayAnswers(const std::string& display)
 std::optional<std::string> platformProblem(const std::string& platform)
 {
     if (!platformInstalled(platform)) {
-        return "the Qt platform \"" + platform + "\" is not installed";
+        return "la piattaforma Qt \"" + platform + "\" non è installata";
     }
     if (platform == "xcb") {
         const std::string display = environment("DISPLAY");
         if (display.empty()) {
-            return std::string("no X display is set (DISPLAY is empty)");
+            return std::string("nessuno schermo X è indicato (DISPLAY è vuota)");
         }
         if (!xDisplayAnswers(display)) {
-            return "the X display \"" + display + "\" cannot be reached";
+            return "lo schermo X \"" + display + "\" non risponde";
         }
     } else if (platform.rfind("wayland", 0) == 0) {
         if (environment("WAYLAND_DISPLAY").empty()) {
-            return std::string("no Wayland display is set (WAYLAND_DISPLAY is empty)");
+            return std::string("nessuno schermo Wayland è indicato (WAYLAND_DISPLAY è vuota)");
         }
     }
     return std::nullopt;
@@ -226,7 +226,7 @@ private:
 
 std::string cannotShow(const std::string& why)
 {
-    return std::string("The fee-entry dialog \"") + dialog::CaptionDialogo + "\" cannot be shown: " + why + ".";
+    return std::string("Il dialogo \"") + dialog::CaptionDialogo + "\" non si può mostrare: " + why + ".";
 }
 
 } // namespace
@@ -244,7 +244,7 @@ std::optional<std::string> displayProblem()
         } else if (!environment("WAYLAND_DISPLAY").empty()) {
             platforms.push_back("wayland");
         } else {
-            return std::string("there is no display (DISPLAY and WAYLAND_DISPLAY are not set, nor is QT_QPA_PLATFORM)");
+            return std::string("non c'è uno schermo (DISPLAY, WAYLAND_DISPLAY e QT_QPA_PLATFORM non sono impostate)");
         }
     }
     // Qt tries the platforms in turn: one that can start is enough.
@@ -266,10 +266,11 @@ void showFeeEntryWindow(const FeeEntryRequest& request)
     std::unique_ptr<OwnApplication> own;
     if (QCoreApplication* running = QCoreApplication::instance()) {
         if (qobject_cast<QApplication*>(running) == nullptr) {
-            throw Error(cannotShow("the host runs a Qt application without widgets (a QApplication is needed)"));
+            throw Error(cannotShow("il programma ospite usa un'applicazione Qt senza widget (serve una QApplication)"));
         }
         if (QThread::currentThread() != running->thread()) {
-            throw Error(cannotShow("it is opened on another thread than the one of the host's Qt application"));
+            throw Error(
+                cannotShow("è aperto da un thread diverso da quello dell'applicazione Qt del programma ospite"));
         }
     } else {
         if (const auto problem = displayProblem()) {

@@ -27,6 +27,10 @@ constexpr const char* CannotConnect = "08001";
 constexpr const char* QueryCanceled = "57014";
 constexpr const char* LockNotAvailable = "55P03";
 
+// How long a writer waits for another one's lock: a little less than a
+// statement may run, so that the error names the real cause.
+std::chrono::milliseconds lockWait(std::chrono::milliseconds timeLimit) { return timeLimit - timeLimit / 10; }
+
 // The settings every session runs with (see PgConnection.h).
 constexpr const char* SessionSettings =
     "SET DateStyle = 'ISO, DMY'; SET IntervalStyle = 'postgres'; SET extra_float_digits = 1; "
@@ -127,7 +131,7 @@ void PgConnection::applyTimeLimit()
     // The wait for a lock ends a little before the statement's own limit, so
     // that the error names the real cause.
     const std::string sql = "SET statement_timeout = " + std::to_string(timeLimit_.count()) +
-        "; SET lock_timeout = " + std::to_string(timeLimit_.count() - timeLimit_.count() / 10);
+        "; SET lock_timeout = " + std::to_string(lockWait(timeLimit_).count());
     const PgResult result(PQexec(session_, sql.c_str()));
     if (PQresultStatus(result.get()) != PGRES_COMMAND_OK) {
         throw DataError("Impossibile preparare la sessione sul server PostgreSQL: " +
@@ -199,8 +203,9 @@ void PgConnection::fail(const PGresult* result, const std::string& reportAs)
                         reportAs, code);
     }
     if (code == LockNotAvailable) {
-        throw DataError("Un altro programma ha tenuto le righe bloccate in scrittura per " + timeLimitText(timeLimit_) +
-                            "; riprovare quando avrà finito",
+        // The wait that ran out, not the statement's limit above it.
+        throw DataError("Un altro programma ha tenuto le righe bloccate in scrittura per " +
+                            timeLimitText(lockWait(timeLimit_)) + "; riprovare quando avrà finito",
                         reportAs, code);
     }
     if (code == ReadOnlyTransaction) {

@@ -60,7 +60,11 @@ private:
     std::string location_;
     std::string fill_;
     std::filesystem::path file_; // SQLite: the final file
-    std::vector<std::filesystem::path> folders_; // SQLite: folders made, innermost last
+    // SQLite: the folders of the location still to be made, outermost first;
+    // they are made only when the complete database is put in place, so that
+    // a run killed before then leaves none of them behind.
+    std::vector<std::filesystem::path> folders_;
+    std::vector<std::filesystem::path> made_; // those this run made, outermost first
     std::shared_ptr<PgConnection> server_; // PostgreSQL: the held connection
     bool published_ = false;
 };
