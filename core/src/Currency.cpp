@@ -1,6 +1,7 @@
 #include "avlor/core/Currency.h"
 
 #include <cmath>
+#include <limits>
 #include <string>
 
 #include "NumberText.h"
@@ -49,7 +50,51 @@ bool roundsAway(std::string_view dropped, bool keptIsOdd) noexcept
     return keptIsOdd;
 }
 
+__extension__ using Wide = __int128;
+
+// n / d rounded to a whole number by `mode`, exactly; d is not 0.
+Wide divideRounded(Wide n, Wide d, Rounding mode)
+{
+    Wide quotient = n / d; // toward zero
+    const Wide remainder = n % d;
+    if (remainder == 0)
+        return quotient;
+    const Wide twiceRemainder = remainder < 0 ? -2 * remainder : 2 * remainder;
+    const Wide absDivisor = d < 0 ? -d : d;
+    const bool half = twiceRemainder == absDivisor;
+    const bool away = twiceRemainder > absDivisor || (half && (mode == Rounding::HalfUp || quotient % 2 != 0));
+    if (away)
+        quotient += ((n < 0) != (d < 0)) ? -1 : 1;
+    return quotient;
+}
+
+Currency fromWide(Wide raw)
+{
+    if (raw > std::numeric_limits<std::int64_t>::max() || raw < std::numeric_limits<std::int64_t>::min())
+        overflow("importo fuori dall'intervallo");
+    return Currency::fromRaw(static_cast<std::int64_t>(raw));
+}
+
 } // namespace
+
+Currency Currency::scaled(std::int64_t numerator, std::int64_t denominator, Rounding mode) const
+{
+    if (denominator == 0)
+        throw ValueError(ValueError::Kind::DivisionByZero, "Division by zero: un importo diviso per zero");
+    return fromWide(divideRounded(Wide{raw_} * numerator, denominator, mode));
+}
+
+std::int64_t Currency::multiplesOf(Currency step, Rounding mode) const
+{
+    // |raw| / step rounds to at most 2^63 only for step 1 and raw at the
+    // bottom of the range, where it is exact.
+    return static_cast<std::int64_t>(divideRounded(Wide{raw_}, Wide{step.raw_}, mode));
+}
+
+Currency Currency::roundedTo(Currency step, Rounding mode) const
+{
+    return fromWide(divideRounded(Wide{raw_}, Wide{step.raw_}, mode) * step.raw_);
+}
 
 double roundHalfEven(double value) noexcept
 {

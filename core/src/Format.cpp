@@ -46,7 +46,8 @@ std::string formatAmount(Currency amount, std::string_view pattern, const Locale
     std::int64_t step = Currency::Scale;
     for (int i = 0; i < decimals; ++i)
         step /= 10;
-    const std::int64_t shown = detail::divideHalfEven(amount.raw(), step); // in units of the last decimal shown
+    // in units of the last decimal shown
+    const std::int64_t shown = amount.multiplesOf(Currency::fromRaw(step), Rounding::HalfEven);
     const std::uint64_t magnitude =
         shown < 0 ? 0 - static_cast<std::uint64_t>(shown) : static_cast<std::uint64_t>(shown);
 
@@ -67,12 +68,11 @@ std::string formatAmount(Currency amount, std::string_view pattern, const Locale
 
 std::string formatMoneyAmount(Currency amount, bool lire, const Locale& locale)
 {
-    const std::int64_t step = lire ? Currency::Scale : Currency::Scale / 100;
-    const std::int64_t raw = amount.raw();
-    const std::uint64_t magnitude = raw < 0 ? 0 - static_cast<std::uint64_t>(raw) : static_cast<std::uint64_t>(raw);
-    const std::uint64_t shown = (magnitude + static_cast<std::uint64_t>(step) / 2) / static_cast<std::uint64_t>(step);
+    const Currency step = Currency::fromRaw(lire ? Currency::Scale : Currency::Scale / 100);
+    const std::int64_t steps = amount.multiplesOf(step, Rounding::HalfUp);
+    const std::uint64_t shown = steps < 0 ? 0 - static_cast<std::uint64_t>(steps) : static_cast<std::uint64_t>(steps);
     const std::uint64_t perUnit = lire ? 1 : 100;
-    std::string text = raw < 0 && shown > 0 ? "-" : "";
+    std::string text = steps < 0 ? "-" : "";
     const std::string units = groupedUnits(shown / perUnit, locale.groupSeparator);
     text += units.empty() ? "0" : units;
     if (!lire) {

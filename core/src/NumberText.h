@@ -119,21 +119,6 @@ inline std::optional<double> parseStrictDouble(std::string_view text) noexcept
     return toDouble(text, *number);
 }
 
-// n / d rounded to the nearest whole number, halves to the even neighbour,
-// computed exactly on the integers. `d` must be positive.
-inline std::int64_t divideHalfEven(std::int64_t n, std::int64_t d) noexcept
-{
-    std::int64_t q = n / d; // toward zero
-    const std::int64_t r = n % d; // same sign as n
-    // |r| against d - |r| rather than 2|r| against d: no overflow for any d.
-    const std::int64_t absR = r < 0 ? -r : r;
-    const std::int64_t rest = d - absR;
-    const bool away = absR > rest || (absR == rest && q % 2 != 0);
-    if (away)
-        q += n < 0 ? -1 : 1;
-    return q;
-}
-
 // ASCII case-insensitive equality, for keys and the words "True"/"False".
 inline bool equalsIgnoreCase(std::string_view a, std::string_view b) noexcept
 {

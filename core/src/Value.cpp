@@ -87,7 +87,7 @@ Int toWhole(const Value& v)
         return wholeFromDouble<Int>(v.asDouble());
     case ValueKind::Currency:
         // Exactly on the count of ten-thousandths.
-        return wholeFromInt64<Int>(detail::divideHalfEven(v.asCurrency().raw(), Currency::Scale));
+        return wholeFromInt64<Int>(v.asCurrency().multiplesOf(Currency::fromWhole(1), Rounding::HalfEven));
     case ValueKind::Date:
         return wholeFromInt64<Int>(v.asDate().dayCount());
     case ValueKind::Text:

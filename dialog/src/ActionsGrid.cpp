@@ -27,19 +27,7 @@ std::string trimmedUpper(std::string text)
 }
 
 // The nearest whole amount, halves to the even neighbour, exactly.
-Currency wholeHalfEven(Currency amount)
-{
-    const std::int64_t raw = amount.raw();
-    std::int64_t units = raw / Currency::Scale;
-    const std::int64_t rest = raw % Currency::Scale;
-    const std::int64_t half = Currency::Scale / 2;
-    if (rest > half || (rest == half && units % 2 != 0)) {
-        ++units;
-    } else if (rest < -half || (rest == -half && units % 2 != 0)) {
-        --units;
-    }
-    return Currency::fromWhole(units);
-}
+Currency wholeHalfEven(Currency amount) { return amount.roundedTo(Currency::fromWhole(1), Rounding::HalfEven); }
 
 } // namespace
 

@@ -9,24 +9,11 @@ namespace avlor::parametri {
 
 namespace {
 
-__extension__ typedef __int128 Wide;
-
 constexpr int Cento = 10000; // 100 % in hundredths of a percent
 
 // `importo` × num / den, exact, rounded once to the ten-thousandth, halves
 // to even.
-Currency scala(Currency importo, std::int64_t num, std::int64_t den)
-{
-    const Wide product = static_cast<Wide>(importo.raw()) * num;
-    Wide quotient = product / den;
-    const Wide rest = product % den;
-    const Wide twice = (rest < 0 ? -rest : rest) * 2;
-    if (twice > den || (twice == den && quotient % 2 != 0))
-        quotient += product < 0 ? -1 : 1;
-    if (quotient > INT64_MAX || quotient < INT64_MIN)
-        throw ValueError(ValueError::Kind::Overflow, "Importo fuori dall'intervallo rappresentabile");
-    return Currency::fromRaw(static_cast<std::int64_t>(quotient));
-}
+Currency scala(Currency importo, std::int64_t num, std::int64_t den) { return importo.scaled(num, den); }
 
 // `importo` raised (or lowered) by `centesimi` hundredths of a percent.
 Currency piuPercento(Currency importo, int centesimi) { return scala(importo, Cento + centesimi, Cento); }

@@ -260,5 +260,42 @@ TEST(Currency, Comparison)
     EXPECT_EQ(Currency(), Currency::fromRaw(0));
 }
 
+// The one exact change of scale and the one rounding to a step, each with
+// its rounding named.
+TEST(Currency, ScaledIsExactAndRoundsOnceByTheNamedMode)
+{
+    const Currency a = Currency::fromText("437.5");
+    EXPECT_EQ(a.scaled(15, 100), Currency::fromText("65.625"));
+    EXPECT_EQ(Currency::fromRaw(5).scaled(1, 10), Currency::fromRaw(0)); // 0.5 -> 0, even
+    EXPECT_EQ(Currency::fromRaw(15).scaled(1, 10), Currency::fromRaw(2)); // 1.5 -> 2, even
+    EXPECT_EQ(Currency::fromRaw(5).scaled(1, 10, Rounding::HalfUp), Currency::fromRaw(1));
+    EXPECT_EQ(Currency::fromRaw(-5).scaled(1, 10, Rounding::HalfUp), Currency::fromRaw(-1));
+    EXPECT_EQ(Currency::fromRaw(-15).scaled(1, 10), Currency::fromRaw(-2));
+    EXPECT_EQ(Currency::fromRaw(7).scaled(1, -2), Currency::fromRaw(-4)); // -3.5 -> -4, even
+    // The product is held in 128 bits: no overflow on the way.
+    EXPECT_EQ(Currency::max().scaled(3, 3), Currency::max());
+    EXPECT_EQ(Currency::max().scaled(1'000'000, 1'000'001), Currency::fromRaw(9223362813491962315));
+    EXPECT_THROW((void)Currency::max().scaled(2, 1), ValueError);
+    EXPECT_THROW((void)a.scaled(1, 0), ValueError);
+}
+
+TEST(Currency, MultiplesOfAStepAndRoundingToIt)
+{
+    const Currency cent = Currency::fromRaw(100);
+    const Currency unit = Currency::fromWhole(1);
+    EXPECT_EQ(Currency::fromText("18976.165").multiplesOf(cent, Rounding::HalfUp), 1897617);
+    EXPECT_EQ(Currency::fromText("18976.165").multiplesOf(cent, Rounding::HalfEven), 1897616);
+    EXPECT_EQ(Currency::fromText("18976.175").multiplesOf(cent, Rounding::HalfEven), 1897618);
+    EXPECT_EQ(Currency::fromText("-0.005").multiplesOf(cent, Rounding::HalfUp), -1);
+    EXPECT_EQ(Currency::fromText("-0.0049").multiplesOf(cent, Rounding::HalfUp), 0);
+    EXPECT_EQ(Currency::fromText("12345.5").roundedTo(unit, Rounding::HalfEven), Currency::fromWhole(12346));
+    EXPECT_EQ(Currency::fromText("12344.5").roundedTo(unit, Rounding::HalfEven), Currency::fromWhole(12344));
+    EXPECT_EQ(Currency::fromText("12344.5").roundedTo(unit, Rounding::HalfUp), Currency::fromWhole(12345));
+    EXPECT_EQ(Currency::fromText("-2.5").roundedTo(unit, Rounding::HalfEven), Currency::fromWhole(-2));
+    EXPECT_EQ(Currency::min().multiplesOf(Currency::fromRaw(1), Rounding::HalfUp), INT64_MIN);
+    EXPECT_EQ(Currency::max().multiplesOf(unit, Rounding::HalfEven), 922337203685478);
+    EXPECT_THROW((void)Currency::max().roundedTo(unit, Rounding::HalfEven), ValueError);
+}
+
 } // namespace
 } // namespace avlor

@@ -11,6 +11,11 @@
 
 namespace avlor {
 
+// How an exact result is brought back to the precision it is kept or shown
+// at: halves to the even neighbour (the component's own arithmetic) or halves
+// away from zero (invoices and every published fee computation).
+enum class Rounding { HalfEven, HalfUp };
+
 class Currency {
 public:
     static constexpr std::int64_t Scale = 10000;
@@ -50,6 +55,18 @@ public:
     // Quotient through a double, halves to even; dividing by 0 raises
     // ValueError(DivisionByZero).
     [[nodiscard]] Currency dividedBy(double divisor) const;
+    // amount × numerator / denominator computed exactly (128-bit) and
+    // brought back to ten-thousandths once, by `mode`. A result past the
+    // range raises ValueError(Overflow), a zero denominator
+    // ValueError(DivisionByZero).
+    [[nodiscard]] Currency scaled(std::int64_t numerator, std::int64_t denominator,
+                                  Rounding mode = Rounding::HalfEven) const;
+    // How many times `step` (a cent is fromRaw(100), a unit fromWhole(1))
+    // goes into the amount, rounded by `mode`; `step` must be above 0.
+    [[nodiscard]] std::int64_t multiplesOf(Currency step, Rounding mode) const;
+    // The nearest multiple of `step`, ties decided by `mode`; past the range
+    // raises ValueError(Overflow).
+    [[nodiscard]] Currency roundedTo(Currency step, Rounding mode) const;
 
     constexpr auto operator<=>(const Currency&) const noexcept = default;
     constexpr bool operator==(const Currency&) const noexcept = default;
