@@ -143,7 +143,7 @@ TEST(PracticeCheck, ManyChecksWhileAnotherProgramWritesAreNeverRefused)
         writeUntil(db.location(), stop);
     }
     constexpr int threads = 4;
-    constexpr int checksEach = 300;
+    constexpr int checksEach = 750;
     std::atomic<int> passed{0};
     std::vector<std::string> refusals(threads);
     std::vector<std::thread> checking;
