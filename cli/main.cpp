@@ -60,14 +60,9 @@ std::string missingCommand(const CLI::App& app, const std::vector<std::string>& 
 {
     const CLI::App* deepest = &app;
     std::string path = "avlor";
-    for (bool deeper = true; deeper;) {
-        deeper = false;
-        for (const CLI::App* sub : deepest->get_subcommands()) {
-            deepest = sub;
-            path += " " + sub->get_name();
-            deeper = true;
-            break;
-        }
+    while (!deepest->get_subcommands().empty()) {
+        deepest = deepest->get_subcommands().front();
+        path += " " + deepest->get_name();
     }
     std::vector<std::string> names;
     for (const CLI::App* sub : deepest->get_subcommands([](const CLI::App*) { return true; }))
