@@ -219,6 +219,9 @@ void runScript(const Context& context, const Options& options)
                 step = json::parse(line);
             } catch (const json::parse_error&) {
                 throw ScriptError("non è un oggetto JSON");
+            } catch (const json::out_of_range&) {
+                // A number no double can hold (1e400): malformed like any other line.
+                throw ScriptError("un numero è fuori dall'intervallo che JSON può rappresentare");
             }
             if (!step.is_object())
                 throw ScriptError("non è un oggetto JSON");

@@ -26,7 +26,16 @@ const std::string DomandaSopraMassimo = "ATTENZIONE : L'importo e' superiore al 
 
 // The order number typed, as a whole number: rounded halves to even, and
 // text that is no number (or past 32767) refused with ValueError.
-std::int16_t numeroDigitato(const std::string& text) { return Value(text).toInteger(); }
+std::int16_t numeroDigitato(const std::string& text)
+{
+    try {
+        return Value(text).toInteger();
+    } catch (const ValueError& error) {
+        if (error.kind() != ValueError::Kind::Overflow)
+            throw;
+        throw OrderNumberPastLimit(error.what());
+    }
+}
 
 // Opens the row a save writes: a new one, once room was made for it at `n`
 // in its sequence, or the action being changed.
@@ -56,8 +65,7 @@ void frmOKParcella::rifiuta(const std::string& text, const std::string& focus)
 
 void frmOKParcella::segnalaFallimento(const std::exception& error) const
 {
-    const auto* valore = dynamic_cast<const ValueError*>(&error);
-    const std::string causa = valore != nullptr && valore->kind() == ValueError::Kind::Overflow
+    const std::string causa = dynamic_cast<const OrderNumberPastLimit*>(&error) != nullptr
         ? std::string("Il Numero d'Ordine supera 32767.")
         : std::string(error.what());
     static_cast<void>(messageBoxes().show("ATTENZIONE : Operazione non eseguita.\r"
@@ -117,7 +125,20 @@ bool frmOKParcella::ConfermaSopraMassimo()
 {
     const std::string importo = trimmed(textOf("FImporto"));
     const std::string massimo = trimmed(textOf("FDenMaxT"));
-    if (importo.empty() || massimo.empty() || !(readAmount(importo, locale_) > readAmount(massimo, locale_))) {
+    if (importo.empty() || massimo.empty()) {
+        return true;
+    }
+    Currency sopra;
+    Currency limite;
+    for (const auto& [campo, valore] : {std::pair{"FImporto", &sopra}, std::pair{"FDenMaxT", &limite}}) {
+        try {
+            *valore = amountOf(campo);
+        } catch (const ValueError& error) {
+            rifiuta(std::string("ATTENZIONE : ") + error.what(), campo);
+            return false;
+        }
+    }
+    if (!(sopra > limite)) {
         return true;
     }
     if (messageBoxes().show(DomandaSopraMassimo, TitoloMessaggi, MsgIcon::Question, MsgButtons::OkCancel) ==

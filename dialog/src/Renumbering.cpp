@@ -32,7 +32,7 @@ void spostaSerie(clsAccessoDati& dati, std::int16_t c)
 std::int16_t numeroOrdine(std::int64_t n)
 {
     if (n < INT16_MIN || n > INT16_MAX) {
-        throw ValueError(ValueError::Kind::Overflow, "The order number " + std::to_string(n) + " is past 32767");
+        throw OrderNumberPastLimit("Il numero d'ordine " + std::to_string(n) + " supera 32767");
     }
     return static_cast<std::int16_t>(n);
 }

@@ -8,10 +8,21 @@
 // Order numbers are 16-bit: a number past 32767 raises ValueError
 // (Overflow), which fails the whole press.
 #include <cstdint>
+#include <string>
+
+#include "avlor/core/Error.h"
 
 namespace avlor::dialog {
 
-// `n` as an order number; ValueError(Overflow) outside -32768..32767.
+// An order number past what 16 bits hold, typed or reached by moving the
+// others: the one overflow a press reports as "Il Numero d'Ordine supera
+// 32767.".
+class OrderNumberPastLimit : public ValueError {
+public:
+    explicit OrderNumberPastLimit(const std::string& message) : ValueError(Kind::Overflow, message) { }
+};
+
+// `n` as an order number; OrderNumberPastLimit outside -32768..32767.
 [[nodiscard]] std::int16_t numeroOrdine(std::int64_t n);
 
 // Before an action is added at `n`: the unbroken run n, n+1, n+2, ... of

@@ -6,6 +6,8 @@
 #include <array>
 #include <utility>
 
+#include "FieldText.h"
+#include "avlor/core/Error.h"
 #include "avlor/dialog/MoneyText.h"
 
 namespace avlor::dialog {
@@ -144,7 +146,29 @@ void frmOKParcella::setGridRows(std::vector<std::vector<std::string>> rows)
     changed("GrigliaParcella");
 }
 
-Currency frmOKParcella::amountOf(const std::string& name) const { return readAmount(control(name).text, locale_); }
+Currency frmOKParcella::amountOf(const std::string& name) const
+{
+    // The money fields by the captions a person sees beside them.
+    static const std::pair<const char*, const char*> captions[] = {
+        {"FImporto", "Importo"},     {"FImponibili", "Spese Imponibili"}, {"FEsenti", "Spese Esenti"},
+        {"FDenMinT", "Tariffa Min"}, {"FDenMaxT", "Tariffa Max"},         {"FDenMinS", "Tariffa Min"},
+        {"FDenMaxS", "Tariffa Max"}};
+    const std::string& text = control(name).text;
+    try {
+        return readAmount(text, locale_);
+    } catch (const ValueError& error) {
+        if (error.kind() != ValueError::Kind::Overflow)
+            throw;
+        std::string caption = name;
+        for (const auto& [field, shown] : captions) {
+            if (name == field)
+                caption = shown;
+        }
+        throw ValueError(ValueError::Kind::Overflow,
+                         "L'importo «" + trimmed(text) + "» del campo " + caption +
+                             " supera il massimo che si può registrare.");
+    }
+}
 
 // ---- Generic input surface -------------------------------------------------
 

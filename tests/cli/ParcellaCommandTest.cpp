@@ -281,6 +281,8 @@ TEST_F(ParcellaCommandTest, MalformedLinesStopTheScriptWithOneLine)
         {R"({"scegli": "cmbCodice", "chiave": 1, "riga": 0})", "\"scegli\" vuole \"chiave\" oppure \"riga\""},
         {R"({"scegli": "cmbCodice", "riga": "zero"})", "\"riga\" vuole un numero intero"},
         {R"({"scegli": "cmbCodice", "chiave": 99999999999})", "\"chiave\" è fuori intervallo"},
+        {R"({"scegli": "GrigliaParcella", "riga": 1e400})",
+         "un numero è fuori dall'intervallo che JSON può rappresentare"},
         {R"({"stato": true, "risposte": ["Forse"]})",
          "risposta sconosciuta \"Forse\" (le risposte sono OK, Annulla, Si, No)"},
         {R"({"stato": true, "risposte": "Si"})", "\"risposte\" vuole un elenco di risposte (OK, Annulla, Si, No)"},
@@ -415,6 +417,36 @@ TEST_F(ParcellaWritingTest, AmountsTypedTheItalianWayAreStoredAtTheirScale)
     EXPECT_EQ(loaded["FImporto"]["testo"], "120,00");
     EXPECT_EQ(loaded["FEsenti"]["testo"], "16,00");
     EXPECT_EQ(loaded["FImponibili"]["testo"], "2,50");
+}
+
+// An amount past what can be stored is named with its field, and the session
+// goes on; only an order number past 32767 is called that.
+TEST_F(ParcellaWritingTest, AnAmountPastTheLimitIsNamedWithItsField)
+{
+    const std::string huge = "99999999999999999999";
+    const Outcome run = writing(
+        {R"({"imposta": "cmbVoce", "valore": "Troppo"})", R"({"imposta": "FDenMaxT", "valore": "5,00"})",
+         R"({"imposta": "FImporto", "valore": ")" + huge + R"("})", R"({"click": "cmdAggiungi"})",
+         R"({"imposta": "FImporto", "valore": "10,00"})", R"({"imposta": "FEsenti", "valore": ")" + huge + R"("})",
+         R"({"click": "cmdAggiungi", "risposte": ["OK"]})", R"({"stato": true})"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.err, "");
+    const auto lines = answers(run);
+    ASSERT_EQ(lines.size(), 8u);
+    ASSERT_EQ(lines[3]["messaggi"].size(), 1u);
+    EXPECT_EQ(lines[3]["messaggi"][0]["testo"],
+              "ATTENZIONE : L'importo «" + huge + "» del campo Importo supera il massimo che si può registrare.");
+    EXPECT_EQ(lines[3]["messaggi"][0]["icona"], "esclamazione");
+    EXPECT_EQ(lines[3]["focus"], "FImporto");
+    // 10 is above the maximum of 5: the question first, then the failure.
+    ASSERT_EQ(lines[6]["messaggi"].size(), 2u);
+    EXPECT_EQ(lines[6]["messaggi"][0]["risposta"], "OK");
+    EXPECT_EQ(lines[6]["messaggi"][1]["testo"],
+              "ATTENZIONE : Operazione non eseguita.\rNessuna modifica e' stata registrata.\r\rL'importo «" + huge +
+                  "» del campo Spese Esenti supera il massimo che si può registrare.");
+    EXPECT_EQ(lines[6]["messaggi"][1]["icona"], "critico");
+    // Nothing was added.
+    EXPECT_EQ(descriptions(lines[7]).size(), 2u);
 }
 
 TEST_F(ParcellaWritingTest, TheOverMaximumQuestionTakesTheScriptsAnswer)
