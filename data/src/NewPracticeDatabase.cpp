@@ -19,7 +19,8 @@ namespace {
 void removeFileAndCompanions(const std::filesystem::path& file) noexcept { removeSqliteFiles(file); }
 
 // Removes the databases in the making of runs that were killed: those whose
-// process is gone.
+// process is gone, with their companion files, and a companion file left
+// alone when a run was killed while removing its database.
 void removeAbandoned(const std::filesystem::path& folder, const std::string& hidden) noexcept
 {
     std::error_code error;
@@ -28,13 +29,19 @@ void removeAbandoned(const std::filesystem::path& folder, const std::string& hid
         if (name.rfind(hidden, 0) != 0) {
             continue;
         }
-        const std::string digits = name.substr(hidden.size());
+        std::string digits = name.substr(hidden.size());
+        for (const std::string_view companion : {"-wal", "-shm", "-journal"}) {
+            if (digits.ends_with(companion)) {
+                digits.resize(digits.size() - companion.size());
+                break;
+            }
+        }
         if (digits.empty() || digits.find_first_not_of("0123456789") != std::string::npos || digits.size() > 9) {
             continue;
         }
         const auto pid = static_cast<pid_t>(std::stol(digits));
         if (::kill(pid, 0) != 0 && errno == ESRCH) {
-            removeFileAndCompanions(entry.path());
+            removeFileAndCompanions(folder / (hidden + digits));
         }
     }
 }

@@ -342,6 +342,26 @@ TEST_F(DatabaseFilesTest, AKilledInitLeavesNothingOrACompleteDatabase)
         EXPECT_NE(name.front(), '.') << name;
 }
 
+// A run killed while removing its database in the making may leave only a
+// companion file of it: the next run removes that too.
+TEST_F(DatabaseFilesTest, AKilledRunsLoneCompanionFileIsRemovedByTheNextRun)
+{
+    const pid_t gone = ::fork();
+    ASSERT_GE(gone, 0);
+    if (gone == 0)
+        ::_exit(0);
+    int status = 0;
+    ::waitpid(gone, &status, 0);
+    const std::string left = ".p.db.nuovo-" + std::to_string(gone);
+    for (const char* companion : {"-shm", "-wal", "-journal"})
+        std::ofstream(work / (left + companion)) << "resto";
+    // A file that only looks alike stays.
+    std::ofstream(work / ".p.db.nuovo-12x-shm") << "altro";
+    const CommandOutcome made = avlor({"db", "init", (work / "p.db").string()});
+    ASSERT_EQ(made.status, 0) << made.err;
+    EXPECT_EQ(namesIn(work), (std::set<std::string>{"p.db", ".p.db.nuovo-12x-shm"}));
+}
+
 // A foreign SQLite database, kept in rollback-journal mode.
 void makeForeignDatabase(const fs::path& file)
 {
